@@ -1,0 +1,28 @@
+# vexel_layer(<folder> [LINKS <layer>...] [PRIVATE <library>...])
+#
+# One folder is one target, named after the folder: public headers below <folder>/include, sources
+# and private headers beside them. All layers go whole into the shared library; tests link single
+# layers, and so see what the library hides.
+set(VEXEL_LAYERS "")
+
+set(VEXEL_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
+                   -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+
+function(vexel_warnings target)
+  if(VEXEL_DEVELOPER)
+    target_compile_options(${target} PRIVATE ${VEXEL_WARNINGS})
+  endif()
+endfunction()
+
+function(vexel_layer folder)
+  cmake_parse_arguments(ARG "" "" "LINKS;PRIVATE" ${ARGN})
+  get_filename_component(name ${folder} NAME)
+  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp)
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/include
+                                     PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE})
+  vexel_warnings(${name})
+  list(APPEND VEXEL_LAYERS ${name})
+  set(VEXEL_LAYERS ${VEXEL_LAYERS} PARENT_SCOPE)
+endfunction()

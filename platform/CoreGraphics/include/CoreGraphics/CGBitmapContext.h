@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include <CoreGraphics/CGContext.h>
+#include <CoreGraphics/CGContextError.h>
+
+namespace vexel {
+
+/// A surface of pixels, antialiased, initially transparent.
+class CGBitmapContext : public CGContext {
+ public:
+  /// Largest number of pixels in either direction.
+  static constexpr int kMaximumPixels = 32767;
+
+  /// `size` in points, `backingScale` pixels per point; the bitmap has the product, rounded, of
+  /// pixels, at least one. Throws CGContextError.
+  static std::unique_ptr<CGBitmapContext> create(CGSize size, CGFloat backingScale);
+
+  virtual int pixelWidth() const = 0;
+  virtual int pixelHeight() const = 0;
+  virtual CGFloat backingScale() const = 0;
+  /// Rows from top to bottom, premultiplied alpha, red, green, blue from the highest byte down.
+  /// Valid until the next drawing call.
+  virtual std::span<const std::uint32_t> pixels() = 0;
+  /// The bitmap as a PNG file. Equal pixels give equal bytes.
+  virtual std::string pngData() = 0;
+};
+
+}  // namespace vexel

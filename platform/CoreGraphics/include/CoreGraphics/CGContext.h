@@ -1,0 +1,83 @@
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include <CoreGraphics/CGAffineTransform.h>
+#include <CoreGraphics/CGImage.h>
+#include <CoreGraphics/CGPath.h>
+#include <CoreGraphics/CGRect.h>
+#include <CoreGraphics/CGStrokeStyle.h>
+#include <CoreGraphics/CGText.h>
+
+namespace vexel {
+
+class CGLayer;
+
+/// A surface that is drawn on, in points with y up. Drawing takes the current transform and
+/// clip. Coordinates that are not finite draw nothing.
+class CGContext : public CGTextMeasure {
+ public:
+  /// Keeps transform and clip for the matching restoreState(); they nest.
+  virtual void saveState() = 0;
+  /// Without a matching saveState() it does nothing.
+  virtual void restoreState() = 0;
+  /// Coordinates are taken through `transform` first, then through what was set before.
+  virtual void concatenate(const CGAffineTransform& transform) = 0;
+  /// Narrows the clip to its part inside the shape.
+  virtual void clip(const CGPath& path) = 0;
+
+  virtual void stroke(const CGPath& path, const CGStrokeStyle& style) = 0;
+  /// Fills by the non-zero rule.
+  virtual void fill(const CGPath& path, const CGColor& color) = 0;
+  /// Fills a rectangle whose edges are moved to the nearest pixel edges of a bitmap, so that
+  /// neighbours neither overlap nor leave a seam; on vector surfaces a plain fill.
+  virtual void fillAligned(const CGRect& rect, const CGColor& color) = 0;
+  /// Stretches the image over the rectangle, its top row at the top edge.
+  virtual void drawImage(const CGImage& image, const CGRect& rect) = 0;
+  /// Draws text into the box that measure() gives, with its bottom-left corner at `origin`.
+  virtual void drawText(const CGText& text, CGPoint origin) = 0;
+
+  /// The same small path stroked and filled with its origin at each of the centres, in their
+  /// order; either may be absent (null). Contexts override it where they have a faster way.
+  virtual void drawSymbols(const CGPath& symbol, const CGColor* fillColor,
+                           const CGStrokeStyle* strokeStyle, std::span<const CGPoint> centers);
+
+  /// An empty transparent layer of the resolution of this context that covers `rect` of the
+  /// present coordinates, or null when the context has no pixels to keep (vector surfaces,
+  /// recordings). Layers exist for contexts that are moved and scaled but not rotated.
+  virtual std::unique_ptr<CGLayer> makeLayer(const CGRect& rect);
+  /// Lays a layer made by this or an equal context over the place it was made for, pixel by
+  /// pixel.
+  virtual void drawLayer(const CGLayer& layer);
+
+  void translate(CGFloat tx, CGFloat ty) { concatenate(CGAffineTransform::translation(tx, ty)); }
+  void rotate(CGFloat angle) { concatenate(CGAffineTransform::rotation(angle)); }
+  void scale(CGFloat sx, CGFloat sy) { concatenate(CGAffineTransform::scale(sx, sy)); }
+  void clip(const CGRect& rect);
+};
+
+/// Saves the state of a context for as long as it lives.
+class CGSavedState {
+ public:
+  explicit CGSavedState(CGContext& context) : context_(context) { context_.saveState(); }
+  ~CGSavedState() { context_.restoreState(); }
+  CGSavedState(const CGSavedState&) = delete;
+  CGSavedState& operator=(const CGSavedState&) = delete;
+
+ private:
+  CGContext& context_;
+};
+
+/// Pixels kept from an earlier drawing. Drawn into through `context()`, whose coordinates are
+/// those that the parent context had when the layer was made.
+class CGLayer {
+ public:
+  virtual ~CGLayer() = default;
+  virtual CGContext& context() = 0;
+  /// Whether drawLayer() on `target`, with its present transform and size of pixels, would put
+  /// the kept pixels exactly onto pixels of the target.
+  virtual bool fits(const CGContext& target) const = 0;
+};
+
+}  // namespace vexel

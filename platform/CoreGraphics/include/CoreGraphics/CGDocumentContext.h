@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <CoreGraphics/CGContext.h>
+#include <CoreGraphics/CGContextError.h>
+
+namespace vexel {
+
+/// A page of a vector format, of one size in points, with embedded fonts. Equal drawing calls
+/// give equal bytes: no dates, no counters of the process.
+class CGDocumentContext : public CGContext {
+ public:
+  enum class Format { pdf, svg };
+
+  /// Throws CGContextError.
+  static std::unique_ptr<CGDocumentContext> create(Format format, CGSize size);
+
+  /// Ends the page and gives the bytes of the file. Later drawing calls do nothing. Throws
+  /// CGContextError when the drawing library reports a failure.
+  virtual std::string finish() = 0;
+};
+
+}  // namespace vexel

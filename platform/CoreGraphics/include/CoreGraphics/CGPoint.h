@@ -1,0 +1,18 @@
+#pragma once
+
+namespace vexel {
+
+/// Lengths and coordinates, in points.
+using CGFloat = double;
+
+/// A place in points; x grows to the right, y upwards.
+struct CGPoint {
+  CGFloat x = 0;
+  CGFloat y = 0;
+
+  friend bool operator==(const CGPoint&, const CGPoint&) = default;
+  friend CGPoint operator+(CGPoint a, CGPoint b) { return {a.x + b.x, a.y + b.y}; }
+  friend CGPoint operator-(CGPoint a, CGPoint b) { return {a.x - b.x, a.y - b.y}; }
+};
+
+}  // namespace vexel

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <CoreGraphics/CGPoint.h>
+
+namespace vexel {
+
+/// A width and a height in points.
+struct CGSize {
+  CGFloat width = 0;
+  CGFloat height = 0;
+
+  friend bool operator==(const CGSize&, const CGSize&) = default;
+};
+
+}  // namespace vexel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <CoreGraphics/CGColor.h>
+#include <CoreGraphics/CGSize.h>
+
+namespace vexel {
+
+enum class CGTextAlignment { left = 0, center = 1, right = 2 };
+
+/// A font: family name and size in points. "Helvetica" is drawn with the metric-compatible
+/// family that the system has.
+struct CGFont {
+  std::string family = "Helvetica";
+  CGFloat size = 12;
+  bool bold = false;
+  bool italic = false;
+
+  friend bool operator==(const CGFont&, const CGFont&) = default;
+};
+
+/// A piece of text in one style. UTF-8; bytes that are not are drawn as U+FFFD.
+struct CGTextRun {
+  std::string text;
+  CGFont font;
+  CGColor color = CGColor::genericGray(0);
+  /// Superscript 1, subscript -1, on the line 0: set at 0.7 of the font size, raised by 0.4 or
+  /// lowered by 0.2 of it.
+  int superscript = 0;
+
+  friend bool operator==(const CGTextRun&, const CGTextRun&) = default;
+};
+
+/// Styled text of one or more lines ("\n" ends a line). Lines are aligned among themselves.
+struct CGText {
+  std::vector<CGTextRun> runs;
+  CGTextAlignment alignment = CGTextAlignment::left;
+
+  friend bool operator==(const CGText&, const CGText&) = default;
+};
+
+/// Answers how large text is when it is drawn. The same on every surface: glyph positions are
+/// not rounded to pixels.
+class CGTextMeasure {
+ public:
+  virtual ~CGTextMeasure() = default;
+  /// Width of the widest line and height of all lines (ascent to descent), in points; (0, 0) for
+  /// no text. A font size that is not above 0 and finite counts as 0 and gives (0, 0).
+  virtual CGSize measure(const CGText& text) = 0;
+};
+
+/// The measure that drawing uses, of the calling thread. No font is loaded before the first call.
+CGTextMeasure& sharedTextMeasure();
+
+}  // namespace vexel

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <any>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <Foundation/NSObject.h>
+
+namespace vexel {
+
+/// What is announced: a name, the object it is about (may be absent) and anything the sender
+/// attaches.
+struct NSNotification {
+  std::string name;
+  NSObject* object = nullptr;
+  std::any userInfo;
+};
+
+/// Delivers notifications at once, in the order in which observers registered. An observer that
+/// is gone is skipped. Observers may register, remove and post while one is being delivered:
+/// those registered during a delivery hear only later ones, those removed hear no more.
+class NSNotificationCenter {
+ public:
+  using Handler = std::function<void(const NSNotification&)>;
+
+  /// The centre of the calling thread: each thread that draws figures has its own.
+  static NSNotificationCenter& defaultCenter();
+
+  /// Calls `handler` for every notification called `name` as long as `observer` lives.
+  void addObserver(NSObject& observer, std::string name, Handler handler);
+  /// Ends all registrations of `observer`.
+  void removeObserver(const NSObject& observer);
+  void post(const NSNotification& notification);
+
+ private:
+  struct Registration {
+    NSWeak<NSObject> observer;
+    std::string name;
+    Handler handler;
+    bool removed = false;
+  };
+
+  std::vector<std::shared_ptr<Registration>> registrations_;
+};
+
+}  // namespace vexel
