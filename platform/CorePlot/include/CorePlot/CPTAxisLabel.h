@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <CorePlot/CPTTextLayer.h>
+
+namespace vexel {
+
+/// The text at a place of an axis.
+class CPTAxisLabel : public virtual NSObject {
+ public:
+  explicit CPTAxisLabel(std::string text, CPTTextStyle style = {})
+      : contentLayer_(std::make_shared<CPTTextLayer>(std::move(text), std::move(style))) {}
+  explicit CPTAxisLabel(std::shared_ptr<CPTTextLayer> contentLayer)
+      : contentLayer_(std::move(contentLayer)) {}
+
+  /// Null: nothing is drawn.
+  const std::shared_ptr<CPTTextLayer>& contentLayer() const { return contentLayer_; }
+
+  /// In plot-space units of the axis's coordinate; default 0.
+  double tickLocation() const { return tickLocation_; }
+  void setTickLocation(double location) { tickLocation_ = location; }
+
+  /// Distance from the axis line or the end of the tick, in points; default 0.
+  CGFloat offset() const { return offset_; }
+  void setOffset(CGFloat points) { offset_ = points; }
+
+  /// In radians, counter-clockwise; default 0.
+  CGFloat rotation() const { return rotation_; }
+  void setRotation(CGFloat radians) { rotation_ = radians; }
+
+ private:
+  std::shared_ptr<CPTTextLayer> contentLayer_;
+  double tickLocation_ = 0;
+  CGFloat offset_ = 0;
+  CGFloat rotation_ = 0;
+};
+
+}  // namespace vexel

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <CorePlot/CPTAxisSet.h>
+#include <CorePlot/CPTBorderedLayer.h>
+#include <CorePlot/CPTPlot.h>
+#include <CorePlot/CPTPlotAreaFrame.h>
+#include <CorePlot/CPTPlotSpace.h>
+#include <CorePlot/CPTTextStyle.h>
+#include <CorePlot/CPTTheme.h>
+
+namespace vexel {
+
+class CPTGraphHostingView;
+
+/// A chart: a plot area in its frame, plot spaces, axes and plots. Made with std::make_shared of a
+/// concrete type, which fills it.
+class CPTGraph : public CPTBorderedLayer {
+ public:
+  static constexpr CGFloat kDefaultPadding = 20;
+
+  explicit CPTGraph(CGRect frame);
+  ~CPTGraph() override;
+
+  /// The view that shows the graph; null when there is none.
+  CPTGraphHostingView* hostingView() const { return hostingView_.get(); }
+
+  const std::shared_ptr<CPTPlotAreaFrame>& plotAreaFrame() const { return plotAreaFrame_; }
+  void setPlotAreaFrame(std::shared_ptr<CPTPlotAreaFrame> frame);
+
+  /// The axes; null: none are drawn.
+  const std::shared_ptr<CPTAxisSet>& axisSet() const { return axisSet_; }
+  void setAxisSet(std::shared_ptr<CPTAxisSet> axisSet);
+
+  const std::vector<std::shared_ptr<CPTPlotSpace>>& allPlotSpaces() const { return plotSpaces_; }
+  /// The first plot space; null when there is none.
+  std::shared_ptr<CPTPlotSpace> defaultPlotSpace() const;
+  void addPlotSpace(std::shared_ptr<CPTPlotSpace> space);
+  void removePlotSpace(const CPTPlotSpace& space);
+
+  const std::vector<std::shared_ptr<CPTPlot>>& allPlots() const { return plots_; }
+  /// Adds a plot on top of the others, on the default plot space or the one given. A plot that
+  /// is on a graph already moves to the top. Null does nothing.
+  void addPlot(std::shared_ptr<CPTPlot> plot);
+  void addPlot(std::shared_ptr<CPTPlot> plot, std::shared_ptr<CPTPlotSpace> space);
+  /// The first plot of that identifier; null when there is none.
+  std::shared_ptr<CPTPlot> plotWithIdentifier(const std::string& identifier) const;
+  void removePlot(const CPTPlot& plot);
+  /// Removes the first plot of that identifier, if there is one.
+  void removePlotWithIdentifier(const std::string& identifier);
+  /// Asks every plot to read its data again before the next display.
+  void reloadData();
+
+  /// Sets fill and axis looks; paddings and plot spaces stay. Null does nothing.
+  void applyTheme(const std::shared_ptr<const CPTTheme>& theme);
+
+  /// Text above the plot area; absent: none.
+  const std::optional<std::string>& title() const { return title_; }
+  void setTitle(std::optional<std::string> title);
+  const CPTTextStyle& titleTextStyle() const { return titleTextStyle_; }
+  void setTitleTextStyle(CPTTextStyle style);
+
+  /// Draws the chart in its own coordinates, back to front: background, minor grid, major grid,
+  /// axis lines and ticks, plots, labels and titles, annotations. On bitmaps what lies below the
+  /// lowest change since the last display is taken from a kept picture.
+  void displayChart(CGContext& context);
+
+  /// Everything that a plot space places has to be drawn again.
+  void plotSpaceDidChange(const CPTPlotSpace& space);
+
+ protected:
+  void layoutSublayers() override;
+  void contentDidChange() override;
+
+ private:
+  friend class CPTGraphHostingView;
+  struct Slice;
+  struct KeptPicture;
+
+  std::vector<Slice> slices();
+  void drawSlices(CGContext& context, std::vector<Slice>& slices, std::size_t first,
+                  std::size_t end);
+
+  NSWeak<CPTGraphHostingView> hostingView_;
+  std::shared_ptr<CPTPlotAreaFrame> plotAreaFrame_;
+  std::shared_ptr<CPTAxisSet> axisSet_;
+  std::vector<std::shared_ptr<CPTPlotSpace>> plotSpaces_;
+  std::vector<std::shared_ptr<CPTPlot>> plots_;
+  std::optional<std::string> title_;
+  CPTTextStyle titleTextStyle_;
+  std::unique_ptr<KeptPicture> kept_;
+};
+
+}  // namespace vexel

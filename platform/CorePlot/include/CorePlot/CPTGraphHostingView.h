@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+
+#include <AppKit/NSView.h>
+#include <CorePlot/CPTGraph.h>
+
+namespace vexel {
+
+/// The view that shows a graph over its whole bounds.
+class CPTGraphHostingView : public NSView {
+ public:
+  explicit CPTGraphHostingView(CGRect frame = {}) : NSView(frame) {}
+  ~CPTGraphHostingView() override;
+
+  /// Null (the default): nothing is drawn. A graph is shown by one view: hosting it here takes
+  /// it from the view that had it.
+  const std::shared_ptr<CPTGraph>& hostedGraph() const { return hostedGraph_; }
+  void setHostedGraph(std::shared_ptr<CPTGraph> graph);
+
+  void setFrameSize(CGSize size) override;
+  void draw(CGContext& context, CGRect dirtyRect) override;
+
+ private:
+  std::shared_ptr<CPTGraph> hostedGraph_;
+};
+
+}  // namespace vexel

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+
+#include <CoreGraphics/CGContext.h>
+
+namespace vexel {
+
+/// An image that fills an area: stretched over it, or, tiled, repeated from its bottom-left
+/// corner. `scale` is the number of image pixels per point. A value.
+struct CPTImage {
+  std::shared_ptr<const CGImage> image;
+  CGFloat scale = 1;
+  bool tiled = false;
+
+  void draw(CGContext& context, const CGRect& rect) const;
+
+  friend bool operator==(const CPTImage&, const CPTImage&) = default;
+};
+
+}  // namespace vexel

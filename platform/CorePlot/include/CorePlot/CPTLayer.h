@@ -1,0 +1,86 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <CorePlot/CALayerDelegate.h>
+#include <CoreGraphics/CGContext.h>
+#include <Foundation/NSObject.h>
+
+namespace vexel {
+
+/// A part of a chart: a rectangle in the coordinates of its superlayer that draws itself. Made
+/// with std::make_shared. A layer owns its sublayers; it knows its superlayer weakly.
+class CPTLayer : public virtual NSObject, public std::enable_shared_from_this<CPTLayer> {
+ public:
+  explicit CPTLayer(CGRect frame = {}) : frame_(frame) {}
+
+  /// In points, in the superlayer's coordinates. Setting it lays out the sublayers.
+  CGRect frame() const { return frame_; }
+  void setFrame(CGRect frame);
+  /// The layer's own coordinates: origin (0, 0), size of the frame.
+  CGRect bounds() const { return {{}, frame_.size}; }
+
+  /// Distance kept between the layer's edges and what lies in it, in points; default 0.
+  CGFloat paddingLeft() const { return paddingLeft_; }
+  CGFloat paddingRight() const { return paddingRight_; }
+  CGFloat paddingTop() const { return paddingTop_; }
+  CGFloat paddingBottom() const { return paddingBottom_; }
+  void setPaddingLeft(CGFloat points) { setPadding(paddingLeft_, points); }
+  void setPaddingRight(CGFloat points) { setPadding(paddingRight_, points); }
+  void setPaddingTop(CGFloat points) { setPadding(paddingTop_, points); }
+  void setPaddingBottom(CGFloat points) { setPadding(paddingBottom_, points); }
+  /// The bounds without the paddings; of no size where the paddings leave none.
+  CGRect paddedBounds() const;
+
+  bool isHidden() const { return hidden_; }
+  void setHidden(bool hidden);
+
+  /// Null or gone: absent.
+  CALayerDelegate* delegate() const { return delegate_.get(); }
+  void setDelegate(CALayerDelegate* delegate) { delegate_ = delegate; }
+
+  std::shared_ptr<CPTLayer> superlayer() const { return superlayer_.lock(); }
+  const std::vector<std::shared_ptr<CPTLayer>>& sublayers() const { return sublayers_; }
+  /// Takes the layer from where it was. Null does nothing.
+  void addSublayer(std::shared_ptr<CPTLayer> layer);
+  void removeFromSuperlayer();
+
+  /// Whether the layer's own content changed since it was last drawn. New layers need display.
+  bool needsDisplay() const { return needsDisplay_; }
+  void setNeedsDisplay();
+  /// How often the layer has drawn its content so far.
+  unsigned displayCount() const { return displayCount_; }
+
+  /// Draws the layer's own content in its own coordinates, unless it is hidden. What a layer
+  /// draws is up to its type; sublayers are drawn by their own calls.
+  void display(CGContext& context);
+
+  /// Moves a point from this layer's coordinates to those of the outermost layer.
+  CGPoint convertPointToRoot(CGPoint point) const;
+
+ protected:
+  /// Called by display(), in the layer's coordinates.
+  virtual void draw(CGContext& context) { (void)context; }
+  /// Places the sublayers after a change of size or padding.
+  virtual void layoutSublayers() {}
+  /// Told of every change that makes this layer or one below it need display.
+  virtual void contentDidChange();
+
+ private:
+  void setPadding(CGFloat& padding, CGFloat points);
+
+  CGRect frame_;
+  CGFloat paddingLeft_ = 0;
+  CGFloat paddingRight_ = 0;
+  CGFloat paddingTop_ = 0;
+  CGFloat paddingBottom_ = 0;
+  bool hidden_ = false;
+  bool needsDisplay_ = true;
+  unsigned displayCount_ = 0;
+  NSWeak<CALayerDelegate> delegate_;
+  std::weak_ptr<CPTLayer> superlayer_;
+  std::vector<std::shared_ptr<CPTLayer>> sublayers_;
+};
+
+}  // namespace vexel

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <CorePlot/CPTLayer.h>
+#include <CorePlot/CPTPlotDataSource.h>
+#include <CorePlot/CPTTextLayer.h>
+#include <CorePlot/CPTTextStyle.h>
+#include <CorePlot/CPTXYPlotSpace.h>
+#include <Foundation/NSFormatter.h>
+
+namespace vexel {
+
+class CPTGraph;
+
+/// A series of records drawn on a plot area. It reads its data from the data source when it is
+/// first drawn and after setDataNeedsReloading(), and keeps it.
+class CPTPlot : public CPTLayer {
+ public:
+  /// The name by which the graph and the data source know the plot; default empty.
+  const std::string& identifier() const { return identifier_; }
+  void setIdentifier(std::string identifier) { identifier_ = std::move(identifier); }
+
+  /// Referred to weakly: null once it is gone, and then nothing is drawn.
+  CPTPlotDataSource* dataSource() const { return dataSource_.get(); }
+  void setDataSource(CPTPlotDataSource* dataSource);
+
+  /// The coordinates the plot is drawn in; null before it is on a graph.
+  const std::shared_ptr<CPTPlotSpace>& plotSpace() const { return plotSpace_; }
+  void setPlotSpace(std::shared_ptr<CPTPlotSpace> space);
+
+  /// The graph that has the plot; null when there is none.
+  CPTGraph* graph() const { return graph_.get(); }
+
+  /// Says that the data source's answers have changed: they are asked for before the next
+  /// display.
+  void setDataNeedsReloading();
+  bool dataNeedsReloading() const { return dataNeedsReloading_; }
+  void reloadDataIfNeeded();
+  /// Asks the data source now. Without one the plot has no records.
+  void reloadData();
+
+  /// Records read at the last reload.
+  std::size_t recordCount() const { return recordCount_; }
+
+  /// Style of labels made by the formatter; absent: the default style.
+  const std::optional<CPTTextStyle>& labelTextStyle() const { return labelTextStyle_; }
+  void setLabelTextStyle(std::optional<CPTTextStyle> style);
+  /// Labels every record with its value when the data source has no labels. Null (the default):
+  /// no such labels.
+  const std::shared_ptr<NSFormatter>& labelFormatter() const { return labelFormatter_; }
+  void setLabelFormatter(std::shared_ptr<NSFormatter> formatter);
+  /// Distance of a label from its point, in points.
+  CGFloat labelOffset() const { return labelOffset_; }
+  void setLabelOffset(CGFloat points);
+  /// In radians, counter-clockwise; default 0.
+  CGFloat labelRotation() const { return labelRotation_; }
+  void setLabelRotation(CGFloat radians);
+
+  /// The bottom-left corner and extent of the area drawn on, as the graph hands it over.
+  void setPlotAreaSize(CGSize size) { plotAreaSize_ = size; }
+
+ protected:
+  explicit CPTPlot(CGRect frame) : CPTLayer(frame) {}
+
+  /// Reads the fields that the kind of plot needs; `records` is what the source said it has.
+  /// Returns the number of records that can be drawn.
+  virtual std::size_t readData(CPTPlotDataSource& source, std::size_t records) = 0;
+  /// Draws the series into the plot area, whose bottom-left corner is (0, 0).
+  virtual void drawSeries(CGContext& context, const CPTXYPlotSpace& space) = 0;
+
+  void draw(CGContext& context) final;
+
+  CGSize plotAreaSize() const { return plotAreaSize_; }
+
+  /// A field as the source lends it, or asked for record by record into `storage`.
+  CPTNumericData readField(CPTPlotDataSource& source, unsigned field, std::size_t records,
+                           std::vector<double>& storage) const;
+  /// The label of a record whose value is `value`; null when it has none.
+  std::shared_ptr<CPTTextLayer> label(std::size_t record, double value) const;
+  bool hasLabels() const { return !dataLabels_.empty() || labelFormatter_ != nullptr; }
+  /// Draws a label so that its near edge is labelOffset from `anchor` in the direction given (a
+  /// unit vector along an axis).
+  void drawLabel(CGContext& context, const CPTTextLayer& label, CGPoint anchor,
+                 CGPoint direction) const;
+
+ private:
+  friend class CPTGraph;
+
+  std::string identifier_;
+  NSWeak<CPTPlotDataSource> dataSource_;
+  NSWeak<CPTGraph> graph_;
+  std::shared_ptr<CPTPlotSpace> plotSpace_;
+  bool dataNeedsReloading_ = true;
+  std::size_t recordCount_ = 0;
+  std::vector<std::shared_ptr<CPTTextLayer>> dataLabels_;
+  std::optional<CPTTextStyle> labelTextStyle_ = CPTTextStyle{};
+  std::shared_ptr<NSFormatter> labelFormatter_;
+  CGFloat labelOffset_ = 0;
+  CGFloat labelRotation_ = 0;
+  CGSize plotAreaSize_;
+};
+
+}  // namespace vexel

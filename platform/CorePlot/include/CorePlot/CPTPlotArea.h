@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <CorePlot/CPTAnnotation.h>
+#include <CorePlot/CPTBorderedLayer.h>
+
+namespace vexel {
+
+/// The rectangle that the plot spaces map onto: its fill lies below grid and plots, its
+/// annotations above everything.
+class CPTPlotArea : public CPTBorderedLayer {
+ public:
+  const std::vector<std::shared_ptr<CPTAnnotation>>& annotations() const { return annotations_; }
+  /// Null does nothing, and so does an annotation that is there already.
+  void addAnnotation(std::shared_ptr<CPTAnnotation> annotation);
+  void removeAnnotation(const CPTAnnotation& annotation);
+  void removeAllAnnotations();
+
+  /// The annotations changed, but nothing below them.
+  bool annotationsNeedDisplay() const { return annotationsNeedDisplay_; }
+  void setAnnotationsNeedDisplay();
+  void drawAnnotations(CGContext& context);
+
+ private:
+  std::vector<std::shared_ptr<CPTAnnotation>> annotations_;
+  bool annotationsNeedDisplay_ = true;
+};
+
+}  // namespace vexel

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+
+#include <CorePlot/CPTPlotArea.h>
+
+namespace vexel {
+
+/// Holds the plot area; its paddings are the room for tick labels and axis titles.
+class CPTPlotAreaFrame : public CPTBorderedLayer {
+ public:
+  CPTPlotAreaFrame();
+
+  const std::shared_ptr<CPTPlotArea>& plotArea() const { return plotArea_; }
+  /// Null: the graph has no plot area and draws only its background.
+  void setPlotArea(std::shared_ptr<CPTPlotArea> plotArea);
+
+ protected:
+  void layoutSublayers() override;
+
+ private:
+  std::shared_ptr<CPTPlotArea> plotArea_;
+};
+
+}  // namespace vexel

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <CorePlot/CPTNumericData.h>
+#include <CorePlot/CPTPlotSymbol.h>
+#include <Foundation/NSObject.h>
+
+namespace vexel {
+
+class CPTPlot;
+class CPTScatterPlot;
+class CPTTextLayer;
+
+/// Records `location` to `location + length - 1`.
+struct CPTRecordRange {
+  std::size_t location = 0;
+  std::size_t length = 0;
+
+  friend bool operator==(const CPTRecordRange&, const CPTRecordRange&) = default;
+};
+
+/// Which number of a record is asked for.
+enum CPTScatterPlotField : unsigned { CPTScatterPlotFieldX = 0, CPTScatterPlotFieldY = 1 };
+enum CPTBarPlotField : unsigned {
+  CPTBarPlotFieldBarLocation = 0,
+  CPTBarPlotFieldBarTip = 1,
+  CPTBarPlotFieldBarBase = 2,
+};
+
+/// Answers what a plot shows. A plot asks once after it was added or told that its data changed
+/// (CPTPlot::setDataNeedsReloading), never while nothing changed. It refers to its source weakly:
+/// when the source is gone the plot draws nothing.
+class CPTPlotDataSource : public virtual NSObject {
+ public:
+  virtual std::size_t numberOfRecords(const CPTPlot& plot) = 0;
+
+  /// All numbers of a field at once, lent: they must stay where they are and as they are until
+  /// the plot is told of a change or the source is gone. NaN means no number. Fewer than asked
+  /// for shortens the plot. Absent (the default): `number` is asked for each record instead.
+  virtual std::optional<CPTNumericData> numbers(const CPTPlot& plot, unsigned field,
+                                                CPTRecordRange records) {
+    (void)plot, (void)field, (void)records;
+    return std::nullopt;
+  }
+
+  /// One number, for sources without `numbers`; NaN (the default) for none.
+  virtual double number(const CPTPlot& plot, unsigned field, std::size_t record) {
+    (void)plot, (void)field, (void)record;
+    return std::numeric_limits<double>::quiet_NaN();
+  }
+
+  /// A symbol per record, in order; an absent element draws none. Records beyond the end of the
+  /// list, all of them by default, take the plot's own symbol.
+  virtual std::vector<std::optional<CPTPlotSymbol>> symbols(const CPTScatterPlot& plot,
+                                                            CPTRecordRange records) {
+    (void)plot, (void)records;
+    return {};
+  }
+
+  /// A label per record, in order; a null element, and a record beyond the end of the list, has
+  /// none. An empty list (the default) leaves the labels to the plot's label formatter.
+  virtual std::vector<std::shared_ptr<CPTTextLayer>> dataLabels(const CPTPlot& plot,
+                                                                CPTRecordRange records) {
+    (void)plot, (void)records;
+    return {};
+  }
+};
+
+}  // namespace vexel

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+
+#include <CoreGraphics/CGPoint.h>
+#include <CoreGraphics/CGSize.h>
+#include <Foundation/NSObject.h>
+
+namespace vexel {
+
+class CPTGraph;
+
+/// How data coordinates lie on a plot area.
+class CPTPlotSpace : public virtual NSObject {
+ public:
+  /// The graph that has the plot space; null when there is none.
+  CPTGraph* graph() const { return graph_.get(); }
+
+  /// The place of a data point in a plot area of the given size, from its bottom-left corner, in
+  /// points. Absent when it has none: no number, not above 0 on a log scale, an empty range.
+  virtual std::optional<CGPoint> plotAreaViewPoint(double x, double y, CGSize plotArea) const = 0;
+
+ protected:
+  /// Everything that is placed by the plot space needs display.
+  void rangeDidChange();
+
+ private:
+  friend class CPTGraph;
+
+  NSWeak<CPTGraph> graph_;
+};
+
+}  // namespace vexel

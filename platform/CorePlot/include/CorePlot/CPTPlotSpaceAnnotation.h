@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include <CorePlot/CPTAnnotation.h>
+
+namespace vexel {
+
+class CPTPlotSpace;
+
+/// An annotation anchored at a point of a plot space: it moves with the data.
+class CPTPlotSpaceAnnotation : public CPTAnnotation {
+ public:
+  /// The plot space is referred to weakly; `anchorPlotPoint` is x, y in plot-space units.
+  CPTPlotSpaceAnnotation(CPTPlotSpace* plotSpace, std::vector<double> anchorPlotPoint);
+
+  CPTPlotSpace* plotSpace() const { return plotSpace_.get(); }
+  const std::vector<double>& anchorPlotPoint() const { return anchorPlotPoint_; }
+  void setAnchorPlotPoint(std::vector<double> point);
+
+  /// Absent also when the point has fewer than two numbers.
+  std::optional<CGPoint> anchor() const override;
+
+ private:
+  NSWeak<CPTPlotSpace> plotSpace_;
+  std::vector<double> anchorPlotPoint_;
+};
+
+}  // namespace vexel

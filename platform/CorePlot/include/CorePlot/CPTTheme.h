@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <CorePlot/CPTColor.h>
+
+namespace vexel {
+
+class CPTGraph;
+
+inline constexpr const char* kCPTPlainBlackTheme = "Plain Black";
+inline constexpr const char* kCPTPlainWhiteTheme = "Plain White";
+
+/// A look for graphs: graph and plot area filled in one colour, axes, border and text in the
+/// other.
+class CPTTheme {
+ public:
+  static constexpr CGFloat kMajorTickLength = 7;
+  static constexpr CGFloat kMinorTickLength = 5;
+  static constexpr CGFloat kFontSize = 14;
+  static constexpr double kMajorInterval = 0.5;
+  static constexpr int kMinorTicksPerInterval = 4;
+
+  CPTTheme(std::string name, const CPTColor& background, const CPTColor& foreground);
+
+  /// One of the themes named above; null for any other name.
+  static std::shared_ptr<const CPTTheme> themeNamed(const std::string& name);
+
+  const std::string& name() const { return name_; }
+  void applyThemeToGraph(CPTGraph& graph) const;
+
+ private:
+  std::string name_;
+  CPTColor background_;
+  CPTColor foreground_;
+};
+
+}  // namespace vexel
