@@ -14,6 +14,9 @@ class CGDocumentContext : public CGContext {
  public:
   enum class Format { pdf, svg };
 
+  /// Longest side in points: what every reader of PDF takes.
+  static constexpr CGFloat kMaximumSide = 14400;
+
   /// Throws CGContextError.
   static std::unique_ptr<CGDocumentContext> create(Format format, CGSize size);
 

@@ -12,6 +12,7 @@ class CGNullContext : public CGContext {
   void restoreState() override {}
   void concatenate(const CGAffineTransform&) override {}
   void clip(const CGPath&) override {}
+  using CGContext::clip;
   void stroke(const CGPath&, const CGStrokeStyle&) override {}
   void fill(const CGPath&, const CGColor&) override {}
   void fillAligned(const CGRect&, const CGColor&) override {}

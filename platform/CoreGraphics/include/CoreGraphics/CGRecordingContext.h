@@ -31,8 +31,8 @@ class CGRecordingContext : public CGContext {
   void fillAligned(const CGRect& rect, const CGColor& color) override;
   void drawImage(const CGImage& image, const CGRect& rect) override;
   void drawText(const CGText& text, CGPoint origin) override;
-  void drawSymbols(const CGPath& symbol, const CGColor* fillColor,
-                   const CGStrokeStyle* strokeStyle, std::span<const CGPoint> centers) override;
+  void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
+                   std::span<const CGPoint> centers) override;
   CGSize measure(const CGText& text) override { return sharedTextMeasure().measure(text); }
 
  private:

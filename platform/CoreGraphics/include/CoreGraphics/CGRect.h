@@ -22,7 +22,9 @@ struct CGRect {
   CGFloat maxY() const { return origin.y + size.height; }
 
   /// No area, or a coordinate that is not a number.
-  bool isEmpty() const { return !(size.width > 0 && size.height > 0); }
+  bool isEmpty() const {
+    return !(size.width > 0 && size.height > 0 && origin.x == origin.x && origin.y == origin.y);
+  }
 
   /// Edges count as inside.
   bool contains(CGPoint p) const {

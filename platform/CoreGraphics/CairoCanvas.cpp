@@ -1,0 +1,312 @@
+#include "CairoCanvas.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "CairoImage.h"
+#include "PangoText.h"
+#include "PixelAlignment.h"
+#include "SafePath.h"
+
+namespace vexel {
+
+namespace {
+
+// Cairo keeps coordinates in 24 bits before the point and drops greater ones without an error.
+constexpr CGFloat kSafeReach = 1e6;
+// Dashes are cut nearer to what is visible: each costs time and memory.
+constexpr CGFloat kDashReach = 4096;
+constexpr CGFloat kDefaultMiterLimit = 10;
+
+CGRect safeBox() {
+  return CGRect::make(-kSafeReach, -kSafeReach, 2 * kSafeReach, 2 * kSafeReach);
+}
+
+CGFloat determinant(const CGAffineTransform& t) {
+  return t.a * t.d - t.b * t.c;
+}
+
+// How many device units a point is long; for transforms that stretch, a mean.
+CGFloat scaleOf(const CGAffineTransform& t) {
+  return std::sqrt(std::abs(determinant(t)));
+}
+
+bool isAxisAligned(const CGAffineTransform& t) {
+  return (t.b == 0 && t.c == 0) || (t.a == 0 && t.d == 0);
+}
+
+CGPath rectPath(const CGRect& rect) {
+  CGMutablePath path;
+  path.addRect(rect);
+  return path;
+}
+
+CGRect transformed(const CGRect& rect, const CGAffineTransform& t) {
+  return rectPath(rect).transformed(t).boundingBox();
+}
+
+CGRect toPixelEdges(const CGRect& rect) {
+  const CGFloat left = nearestPixelEdge(rect.minX()), right = nearestPixelEdge(rect.maxX());
+  const CGFloat low = nearestPixelEdge(rect.minY()), high = nearestPixelEdge(rect.maxY());
+  return CGRect::make(left, low, right - left, high - low);
+}
+
+// Four lines around a rectangle, in either direction, closed.
+bool isRectangle(const CGPath& path) {
+  const auto e = path.elements();
+  if (e.size() != 5 || e[0].type != CGPathElement::Type::move ||
+      e[4].type != CGPathElement::Type::close)
+    return false;
+  for (int i = 1; i < 4; ++i)
+    if (e[i].type != CGPathElement::Type::line) return false;
+  const CGPoint a = e[0].point, b = e[1].point, c = e[2].point, d = e[3].point;
+  return (a.y == b.y && b.x == c.x && c.y == d.y && d.x == a.x) ||
+         (a.x == b.x && b.y == c.y && c.x == d.x && d.y == a.y);
+}
+
+// A path that fills alike and that Cairo can hold.
+CGPath safeForFill(CGPath device) {
+  const CGRect box = safeBox();
+  if (liesInside(device, box)) return device;
+  return clippedPolygons(flattenedInside(device, box), box);
+}
+
+std::vector<double> usableDashes(const CGStrokeStyle& style) {
+  CGFloat sum = 0;
+  for (const CGFloat length : style.dashPattern) {
+    if (!(length >= 0 && std::isfinite(length))) return {};
+    sum += length;
+  }
+  if (!(sum > 0 && std::isfinite(sum))) return {};
+  return style.dashPattern;
+}
+
+cairo_line_cap_t lineCap(CGLineCap cap) {
+  if (cap == CGLineCap::round) return CAIRO_LINE_CAP_ROUND;
+  return cap == CGLineCap::square ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_BUTT;
+}
+
+cairo_line_join_t lineJoin(CGLineJoin join) {
+  if (join == CGLineJoin::round) return CAIRO_LINE_JOIN_ROUND;
+  return join == CGLineJoin::bevel ? CAIRO_LINE_JOIN_BEVEL : CAIRO_LINE_JOIN_MITER;
+}
+
+double component(double value) {
+  return value > 0 ? std::min(value, 1.0) : 0;
+}
+
+}  // namespace
+
+CairoCanvas::CairoCanvas(CairoSurfaceHandle surface, Surface kind,
+                         const CGAffineTransform& toDevice, const CGRect& visible,
+                         const CGRect& page)
+    : surface_(std::move(surface)),
+      cairo_(cairo_create(surface_.get())),
+      kind_(kind),
+      page_(page),
+      state_{toDevice, visible} {}
+
+void CairoCanvas::saveState() {
+  saved_.push_back(state_);
+  if (cairo_) cairo_save(cairo_.get());
+}
+
+void CairoCanvas::restoreState() {
+  if (saved_.empty()) return;
+  state_ = saved_.back();
+  saved_.pop_back();
+  if (cairo_) cairo_restore(cairo_.get());
+}
+
+void CairoCanvas::concatenate(const CGAffineTransform& transform) {
+  state_.transform = transform.followedBy(state_.transform);
+}
+
+bool CairoCanvas::isDrawable() const {
+  const CGAffineTransform& t = state_.transform;
+  const CGFloat d = determinant(t);
+  return cairo_ && d != 0 && std::isfinite(d) && std::isfinite(1 / d) && std::isfinite(t.tx) &&
+         std::isfinite(t.ty);
+}
+
+void CairoCanvas::clip(const CGPath& path) {
+  if (!isDrawable()) return;
+  const CGPath device = safeForFill(path.transformed(state_.transform));
+  setPath(device);
+  cairo_clip(cairo_.get());
+  state_.clipIsRectangle = state_.clipIsRectangle && (isRectangle(device) || device.isEmpty());
+  state_.clipBox = state_.clipBox.intersection(device.boundingBox());
+}
+
+void CairoCanvas::stroke(const CGPath& path, const CGStrokeStyle& style) {
+  if (!isDrawable() || path.isEmpty()) return;
+  if (!(style.width > 0 && std::isfinite(style.width))) return;
+
+  CGPath device = path.transformed(state_.transform);
+  if (style.alignsToPixels && kind_ == Surface::pixels)
+    device = alignedToPixels(device, style.width * scaleOf(state_.transform), style.cap, page_);
+
+  if (!usableDashes(style).empty()) {
+    const CGRect box = page_.insetBy(-kDashReach, -kDashReach);
+    if (liesInside(device, box)) return strokePath(device, style, style.dashPhase);
+    for (const ClippedPiece& piece : clippedPieces(flattenedInside(device, box), box))
+      strokePath(piece.path, style,
+                 style.dashPhase + piece.lengthBefore / scaleOf(state_.transform));
+    return;
+  }
+  const CGRect box = safeBox();
+  if (!liesInside(device, box)) device = clippedLines(flattenedInside(device, box), box);
+  strokePath(device, style, 0);
+}
+
+void CairoCanvas::strokePath(const CGPath& devicePath, const CGStrokeStyle& style,
+                             CGFloat dashOffset) {
+  cairo_t* cr = cairo_.get();
+  setPath(devicePath);
+  setColor(style.color);
+  cairo_set_line_width(cr, std::min(style.width, kSafeReach / scaleOf(state_.transform)));
+  cairo_set_line_cap(cr, lineCap(style.cap));
+  cairo_set_line_join(cr, lineJoin(style.join));
+  cairo_set_miter_limit(cr, style.miterLimit >= 1 && std::isfinite(style.miterLimit)
+                                ? style.miterLimit
+                                : kDefaultMiterLimit);
+  const std::vector<double> dashes = usableDashes(style);
+  CGFloat period = 0;
+  for (const CGFloat length : dashes) period += 2 * length;
+  const CGFloat phase = dashes.empty() ? 0 : std::fmod(dashOffset, period);
+  cairo_set_dash(cr, dashes.data(), static_cast<int>(dashes.size()),
+                 std::isfinite(phase) ? phase : 0);
+  // The path is in the device already; the pen is not.
+  const CGAffineTransform& t = state_.transform;
+  setMatrix({t.a, t.b, t.c, t.d, 0, 0});
+  cairo_stroke(cr);
+}
+
+void CairoCanvas::fill(const CGPath& path, const CGColor& color) {
+  if (!isDrawable()) return;
+  setPath(safeForFill(path.transformed(state_.transform)));
+  setColor(color);
+  cairo_fill(cairo_.get());
+}
+
+void CairoCanvas::fillAligned(const CGRect& rect, const CGColor& color) {
+  if (!isDrawable() || rect.isEmpty()) return;
+  if (kind_ == Surface::vector || !isAxisAligned(state_.transform))
+    return fill(rectPath(rect), color);
+  setPath(safeForFill(rectPath(toPixelEdges(transformed(rect, state_.transform)))));
+  setColor(color);
+  cairo_fill(cairo_.get());
+}
+
+void CairoCanvas::drawImage(const CGImage& image, const CGRect& rect) {
+  if (!isDrawable() || rect.isEmpty()) return;
+  const bool isAligned = kind_ == Surface::pixels && isAxisAligned(state_.transform);
+  const CGAffineTransform& t = state_.transform;
+
+  CGPath area = rectPath(rect).transformed(t);
+  if (!liesInside(area, safeBox()) && !isAligned) return;
+  const CairoSurfaceHandle source = cairoImage(image);
+  if (!source) return;
+  // Row 0 of the image at the top, where y is greatest.
+  const CGFloat width = static_cast<CGFloat>(image.width());
+  const CGFloat height = static_cast<CGFloat>(image.height());
+  CGAffineTransform imageToDevice =
+      CGAffineTransform{rect.size.width / width,    0,           0,
+                        -rect.size.height / height, rect.minX(), rect.maxY()}
+          .followedBy(t);
+  if (isAligned) {
+    const CGRect before = area.boundingBox(), after = toPixelEdges(before);
+    if (after.isEmpty()) return;
+    const CGFloat sx = after.size.width / before.size.width;
+    const CGFloat sy = after.size.height / before.size.height;
+    imageToDevice = imageToDevice.followedBy(
+        {sx, 0, 0, sy, after.minX() - sx * before.minX(), after.minY() - sy * before.minY()});
+    area = safeForFill(rectPath(after));
+  }
+  paintImage(source.get(), imageToDevice, area,
+             image.layout().interpolates ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
+}
+
+void CairoCanvas::paintImage(cairo_surface_t* image, const CGAffineTransform& imageToDevice,
+                             const CGPath& deviceArea, cairo_filter_t filter) {
+  const CGAffineTransform inverse = imageToDevice.inverted();
+  const CairoPatternHandle pattern(cairo_pattern_create_for_surface(image));
+  cairo_matrix_t matrix;
+  cairo_matrix_init(&matrix, inverse.a, inverse.b, inverse.c, inverse.d, inverse.tx, inverse.ty);
+  cairo_pattern_set_matrix(pattern.get(), &matrix);
+  cairo_pattern_set_filter(pattern.get(), filter);
+  // At the border the last pixels go on, so that no half-transparent seam arises.
+  if (kind_ == Surface::pixels) cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_PAD);
+  setPath(deviceArea);
+  cairo_set_source(cairo_.get(), pattern.get());
+  cairo_fill(cairo_.get());
+}
+
+void CairoCanvas::drawText(const CGText& text, CGPoint origin) {
+  if (!isDrawable() || !std::isfinite(origin.x) || !std::isfinite(origin.y)) return;
+  const std::shared_ptr<const PangoText> layout = PangoText::layout(text);
+  const CGSize size = layout->size();
+  const CGRect box = transformed({origin, size}, state_.transform);
+  const CGFloat lineHeight = size.height * scaleOf(state_.transform);
+  if (box.intersection(safeBox()).isEmpty() || lineHeight < 0.01 || lineHeight > kSafeReach) return;
+  // Glyphs are drawn downwards from the top.
+  const CGAffineTransform toTop{1, 0, 0, -1, origin.x, origin.y + size.height};
+  setMatrix(toTop.followedBy(state_.transform));
+  layout->show(cairo_.get());
+  cairo_new_path(cairo_.get());
+}
+
+void CairoCanvas::drawSymbols(const CGPath& symbol, const CGColor* fillColor,
+                              const CGStrokeStyle* strokeStyle, std::span<const CGPoint> centers) {
+  for (const CGPoint center : centers) {
+    const CGAffineTransform before = state_.transform;
+    concatenate(CGAffineTransform::translation(center.x, center.y));
+    if (fillColor) fill(symbol, *fillColor);
+    if (strokeStyle) stroke(symbol, *strokeStyle);
+    state_.transform = before;
+  }
+}
+
+cairo_status_t CairoCanvas::finish() {
+  const cairo_status_t status = cairo_status(cairo_.get());
+  cairo_.reset();
+  return status;
+}
+
+void CairoCanvas::setPath(const CGPath& devicePath) {
+  cairo_t* cr = cairo_.get();
+  cairo_identity_matrix(cr);
+  cairo_new_path(cr);
+  for (const CGPathElement& e : devicePath.elements()) {
+    switch (e.type) {
+      case CGPathElement::Type::move:
+        cairo_move_to(cr, e.point.x, e.point.y);
+        break;
+      case CGPathElement::Type::line:
+        cairo_line_to(cr, e.point.x, e.point.y);
+        break;
+      case CGPathElement::Type::curve:
+        cairo_curve_to(cr, e.control1.x, e.control1.y, e.control2.x, e.control2.y, e.point.x,
+                       e.point.y);
+        break;
+      case CGPathElement::Type::close:
+        cairo_close_path(cr);
+        break;
+    }
+  }
+}
+
+void CairoCanvas::setColor(const CGColor& color) {
+  cairo_set_source_rgba(cairo_.get(), component(color.red()), component(color.green()),
+                        component(color.blue()), component(color.alpha()));
+}
+
+void CairoCanvas::setMatrix(const CGAffineTransform& transform) {
+  cairo_matrix_t matrix;
+  cairo_matrix_init(&matrix, transform.a, transform.b, transform.c, transform.d, transform.tx,
+                    transform.ty);
+  cairo_set_matrix(cairo_.get(), &matrix);
+}
+
+}  // namespace vexel

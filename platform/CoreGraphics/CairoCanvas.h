@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cairo.h>
+
+#include <span>
+#include <vector>
+
+#include <CoreGraphics/CGContext.h>
+
+#include "CairoHandles.h"
+
+namespace vexel {
+
+/// Drawing with Cairo as all its surfaces share it: the state of a CGContext and its operations.
+///
+/// Transforms are kept here and paths are given to Cairo in coordinates of the surface ("device":
+/// pixels or points, y down), after coordinates that it cannot hold have been cut away. So the
+/// Cairo context never gets into an error state by what is drawn.
+class CairoCanvas {
+ public:
+  enum class Surface { pixels, vector };
+
+  /// `toDevice` maps points to the surface, which shows `visible` of the device; `page` is the
+  /// part of the device beyond which no surface shows anything.
+  CairoCanvas(CairoSurfaceHandle surface, Surface kind, const CGAffineTransform& toDevice,
+              const CGRect& visible, const CGRect& page);
+
+  void saveState();
+  void restoreState();
+  void concatenate(const CGAffineTransform& transform);
+  void clip(const CGPath& path);
+  void stroke(const CGPath& path, const CGStrokeStyle& style);
+  void fill(const CGPath& path, const CGColor& color);
+  void fillAligned(const CGRect& rect, const CGColor& color);
+  void drawImage(const CGImage& image, const CGRect& rect);
+  void drawText(const CGText& text, CGPoint origin);
+  void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
+                   std::span<const CGPoint> centers);
+
+  cairo_surface_t* surface() const { return surface_.get(); }
+  const CGAffineTransform& transform() const { return state_.transform; }
+  /// A rectangle around everything that the clip leaves visible, in device coordinates.
+  const CGRect& clipBox() const { return state_.clipBox; }
+  /// Whether the clip is that very rectangle.
+  bool clipIsRectangle() const { return state_.clipIsRectangle; }
+  const CGRect& page() const { return page_; }
+  /// False when the transform has no inverse: nothing is drawn.
+  bool isDrawable() const;
+
+  /// Ends drawing for good. Gives the state of the Cairo context.
+  cairo_status_t finish();
+
+ private:
+  struct State {
+    CGAffineTransform transform;
+    CGRect clipBox;
+    bool clipIsRectangle = true;
+  };
+
+  void setPath(const CGPath& devicePath);
+  void setColor(const CGColor& color);
+  void setMatrix(const CGAffineTransform& transform);
+  void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat dashOffset);
+  void paintImage(cairo_surface_t* image, const CGAffineTransform& imageToDevice,
+                  const CGPath& deviceArea, cairo_filter_t filter);
+
+  CairoSurfaceHandle surface_;
+  CairoContextHandle cairo_;
+  Surface kind_;
+  CGRect page_;
+  State state_;
+  std::vector<State> saved_;
+};
+
+}  // namespace vexel

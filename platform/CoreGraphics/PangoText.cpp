@@ -1,0 +1,207 @@
+#include "PangoText.h"
+
+#include <pango/pangocairo.h>
+
+#include <algorithm>
+#include <cmath>
+#include <list>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+#include "Utf8.h"
+
+namespace vexel {
+
+namespace {
+
+// Larger sizes overflow the integers of text layout.
+constexpr CGFloat kMaximumFontSize = 4096;
+constexpr CGFloat kScriptSize = 0.7;
+constexpr CGFloat kSuperscriptRise = 0.4;
+constexpr CGFloat kSubscriptRise = -0.2;
+
+struct AttributesRelease {
+  void operator()(PangoAttrList* list) const { pango_attr_list_unref(list); }
+};
+struct OptionsRelease {
+  void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
+};
+struct ContextRelease {
+  void operator()(PangoContext* context) const { g_object_unref(context); }
+};
+using PangoContextHandle = std::unique_ptr<PangoContext, ContextRelease>;
+
+PangoContextHandle makeContext() {
+  PangoContextHandle context(pango_font_map_create_context(pango_cairo_font_map_get_default()));
+  const std::unique_ptr<cairo_font_options_t, OptionsRelease> options(cairo_font_options_create());
+  cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
+  cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
+  pango_cairo_context_set_font_options(context.get(), options.get());
+  pango_cairo_context_set_resolution(context.get(), 72);
+  pango_context_set_round_glyph_positions(context.get(), FALSE);
+  return context;
+}
+
+PangoContext* sharedContext() {
+  thread_local const PangoContextHandle context = makeContext();
+  return context.get();
+}
+
+CGFloat usableSize(CGFloat size) {
+  return size > 0 && std::isfinite(size) ? size : 0;
+}
+
+guint16 component(double value) {
+  return static_cast<guint16>(std::lround((value > 0 ? std::min(value, 1.0) : 0) * 65535));
+}
+
+PangoAlignment alignment(CGTextAlignment alignment) {
+  switch (alignment) {
+    case CGTextAlignment::center:
+      return PANGO_ALIGN_CENTER;
+    case CGTextAlignment::right:
+      return PANGO_ALIGN_RIGHT;
+    case CGTextAlignment::left:
+      break;
+  }
+  return PANGO_ALIGN_LEFT;
+}
+
+// The characters of a layout and how each run of them looks.
+class StyledText {
+ public:
+  explicit StyledText(const CGText& text) : attributes_(pango_attr_list_new()) {
+    for (const CGTextRun& run : text.runs)
+      if (const CGFloat size = usableSize(run.font.size); size > 0) add(run, size);
+  }
+
+  const std::string& characters() const { return characters_; }
+  PangoAttrList* attributes() const { return attributes_.get(); }
+
+ private:
+  void add(const CGTextRun& run, CGFloat size) {
+    const std::size_t start = characters_.size();
+    characters_ += validUtf8(run.text);
+    const auto apply = [&](PangoAttribute* attribute) {
+      attribute->start_index = static_cast<guint>(start);
+      attribute->end_index = static_cast<guint>(characters_.size());
+      pango_attr_list_insert(attributes_.get(), attribute);
+    };
+    const auto units = [](CGFloat points) {
+      return static_cast<int>(std::lround(points * PANGO_SCALE));
+    };
+    size = std::min(size, kMaximumFontSize);
+    apply(pango_attr_family_new(validUtf8(run.font.family).c_str()));
+    apply(pango_attr_size_new_absolute(units(run.superscript == 0 ? size : size * kScriptSize)));
+    if (run.superscript != 0)
+      apply(pango_attr_rise_new(
+          units(size * (run.superscript > 0 ? kSuperscriptRise : kSubscriptRise))));
+    apply(pango_attr_weight_new(run.font.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL));
+    apply(pango_attr_style_new(run.font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL));
+    apply(pango_attr_foreground_new(component(run.color.red()), component(run.color.green()),
+                                    component(run.color.blue())));
+    // Pango takes an alpha of 0 for none given.
+    apply(pango_attr_foreground_alpha_new(std::max<guint16>(1, component(run.color.alpha()))));
+  }
+
+  std::string characters_;
+  std::unique_ptr<PangoAttrList, AttributesRelease> attributes_;
+};
+
+// Equal texts, and only those, have equal keys.
+std::string key(const CGText& text) {
+  std::string result;
+  const auto add = [&](const auto& value) {
+    result.append(reinterpret_cast<const char*>(&value), sizeof(value));
+  };
+  const auto addString = [&](const std::string& string) {
+    add(string.size());
+    result += string;
+  };
+  add(text.alignment);
+  for (const CGTextRun& run : text.runs) {
+    addString(run.text);
+    addString(run.font.family);
+    add(run.font.size);
+    add(run.font.bold);
+    add(run.font.italic);
+    add(run.superscript);
+    for (const double c : {run.color.red(), run.color.green(), run.color.blue(), run.color.alpha()})
+      add(c);
+  }
+  return result;
+}
+
+// The layouts used last, most recent first.
+class LayoutCache {
+ public:
+  std::shared_ptr<const PangoText> find(const CGText& text) {
+    std::string k = key(text);
+    if (k.size() > kMaximumKey) return std::make_shared<PangoText>(text);
+    if (const auto known = places_.find(k); known != places_.end()) {
+      entries_.splice(entries_.begin(), entries_, known->second);
+      return entries_.front().layout;
+    }
+    entries_.push_front({k, std::make_shared<PangoText>(text)});
+    places_.emplace(std::move(k), entries_.begin());
+    if (entries_.size() > kMaximumEntries) {
+      places_.erase(entries_.back().key);
+      entries_.pop_back();
+    }
+    return entries_.front().layout;
+  }
+
+ private:
+  static constexpr std::size_t kMaximumEntries = 512;
+  static constexpr std::size_t kMaximumKey = 4096;
+
+  struct Entry {
+    std::string key;
+    std::shared_ptr<const PangoText> layout;
+  };
+
+  std::list<Entry> entries_;
+  std::unordered_map<std::string, std::list<Entry>::iterator> places_;
+};
+
+class SharedTextMeasure : public CGTextMeasure {
+ public:
+  CGSize measure(const CGText& text) override { return PangoText::layout(text)->size(); }
+};
+
+}  // namespace
+
+PangoText::PangoText(const CGText& text) {
+  const StyledText styled(text);
+  if (styled.characters().empty()) return;
+  layout_.reset(pango_layout_new(sharedContext()));
+  pango_layout_set_text(layout_.get(), styled.characters().data(),
+                        static_cast<int>(styled.characters().size()));
+  pango_layout_set_attributes(layout_.get(), styled.attributes());
+  pango_layout_set_alignment(layout_.get(), alignment(text.alignment));
+  PangoRectangle logical;
+  pango_layout_get_extents(layout_.get(), nullptr, &logical);
+  size_ = {static_cast<CGFloat>(logical.width) / PANGO_SCALE,
+           static_cast<CGFloat>(logical.height) / PANGO_SCALE};
+  baseline_ = static_cast<CGFloat>(pango_layout_get_baseline(layout_.get())) / PANGO_SCALE;
+}
+
+void PangoText::show(cairo_t* context) const {
+  if (!layout_) return;
+  cairo_move_to(context, 0, 0);
+  pango_cairo_show_layout(context, layout_.get());
+}
+
+std::shared_ptr<const PangoText> PangoText::layout(const CGText& text) {
+  thread_local LayoutCache cache;
+  return cache.find(text);
+}
+
+CGTextMeasure& sharedTextMeasure() {
+  thread_local SharedTextMeasure measure;
+  return measure;
+}
+
+}  // namespace vexel
