@@ -140,18 +140,19 @@ class NSView : public virtual NSObject, public std::enable_shared_from_this<NSVi
   void setNeedsDisplayInRect(CGRect rect);
   /// The smallest rectangle around all that is marked, in own coordinates; empty when nothing is.
   CGRect dirtyRect() const { return dirtyRect_; }
-  /// Whether this view or one below it is not hidden and needs layout or display.
+  /// Whether something that can be seen of this view or of one below it is marked, or one of
+  /// them needs layout. Hidden views do not count.
   bool subtreeNeedsDisplay() const;
 
   /// Draws this view, not its subviews, in own coordinates. At least what lies in `dirtyRect` is
   /// to be drawn. Nothing by default.
   virtual void draw(CGContext& context, CGRect dirtyRect);
   /// Lays out what needs it and draws this view and those below it, each clipped to its bounds,
-  /// with this view's bottom-left corner at the origin of the context. Nothing is marked
-  /// afterwards except by the drawing itself. A hidden or empty view draws nothing.
+  /// with this view's bottom-left corner at the origin of the context. Nothing that can be seen
+  /// is marked afterwards, except by the drawing itself. A hidden or empty view draws nothing.
   void display(CGContext& context);
-  /// The same for the part inside `rect` (own coordinates). Views of which more was marked stay
-  /// marked.
+  /// The same for the part inside `rect` (own coordinates). Views of which more can be seen and
+  /// was marked stay marked.
   void displayRect(CGRect rect, CGContext& context);
 
   // Events
@@ -178,12 +179,16 @@ class NSView : public virtual NSObject, public std::enable_shared_from_this<NSVi
   friend class NSLayoutConstraint;
   friend class NSWindow;
 
-  void autoresize(CGSize superviewBefore, CGSize superviewNow);
-  void placeByConstraints();
-  void constraintsChanged();
+  CGPoint offsetTo(const NSView* ancestor) const;
   void frameChanged(CGRect before);
+  void autoresize(CGSize superviewBefore, CGSize superviewNow);
+  void markConstraintsStale();
+  void constraintsChanged();
   void dropConstraintsNaming(const NSView& view);
-  void displayMarked(CGRect rect, CGContext& context);
+  void placeByConstraints();
+  CGRect subtreeDirtyRect() const;
+  bool subtreeNeedsLayout() const;
+  void drawSubtree(CGRect rect, CGRect visible, CGPoint offset, CGContext& context);
 
   CGRect frame_;
   CGPoint boundsOrigin_;
@@ -200,7 +205,8 @@ class NSView : public virtual NSObject, public std::enable_shared_from_this<NSVi
   bool needsDisplay_ = true;
   CGRect dirtyRect_;
   bool constraintsStale_ = true;
-  bool placingSubviews_ = false;
+  int placementsUnderWay_ = 0;
+  unsigned placementsBegun_ = 0;
 };
 
 }  // namespace vexel

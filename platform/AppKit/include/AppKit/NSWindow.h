@@ -57,11 +57,12 @@ class NSWindow : public virtual NSObject, public std::enable_shared_from_this<NS
   void sendEvent(const NSEvent& event);
 
  private:
-  friend class NSView;
-
   std::shared_ptr<NSView> viewAt(CGPoint location) const;
-  std::shared_ptr<NSView> shown(const NSWeak<NSView>& view) const;
-  void moveHoverTo(const std::shared_ptr<NSView>& view, const NSEvent& event);
+  std::shared_ptr<NSView> ifShown(const NSWeak<NSView>& view) const;
+  void hoverOver(const std::shared_ptr<NSView>& view, NSEvent event);
+  void press(NSWeak<NSView>& pressed, void (NSView::*method)(const NSEvent&), const NSEvent& event);
+  void release(NSWeak<NSView>& pressed, void (NSView::*method)(const NSEvent&),
+               const NSEvent& event);
 
   CGSize contentSize_;
   std::shared_ptr<NSView> contentView_;
@@ -69,7 +70,6 @@ class NSWindow : public virtual NSObject, public std::enable_shared_from_this<NS
   NSWeak<NSView> pressed_;
   NSWeak<NSView> rightPressed_;
   NSWeak<NSView> hovered_;
-  bool dragging_ = false;
 };
 
 }  // namespace vexel
