@@ -10,14 +10,21 @@ namespace {
 
 constexpr double kLargest = std::numeric_limits<double>::max();
 
-/// ln((base + difference) / base) for a base above 0 and a sum above 0. Near a ratio of 1 only the
-/// difference carries the digits; towards the ends of the doubles the ratio is not representable.
-double logarithmOfGrowth(double base, double difference) {
+/// ln(value / base) for numbers above 0. Near a ratio of 1 only the difference carries the digits;
+/// towards the ends of the doubles the ratio is not representable.
+double logarithmOfRatio(double value, double base) {
+  const double difference = value - base;
   if (std::abs(difference) < base / 2) return std::log1p(difference / base);
-  const double end = base + difference;
-  if (std::isinf(end)) return std::log(base / 2 + difference / 2) - std::log(base / 2);
-  const double ratio = end / base;
-  return std::isnormal(ratio) ? std::log(ratio) : std::log(end) - std::log(base);
+  const double ratio = value / base;
+  return std::isnormal(ratio) ? std::log(ratio) : std::log(value) - std::log(base);
+}
+
+/// ln((location + length) / location), also where the sum is beyond the doubles or rounds.
+double logarithmicSpan(double location, double length) {
+  if (std::abs(length) < location / 2) return std::log1p(length / location);
+  const double end = location + length;
+  return std::isinf(end) ? logarithmOfRatio(location / 2 + length / 2, location / 2)
+                         : logarithmOfRatio(end, location);
 }
 
 /// base * e^exponent, without leaving the doubles on the way to a result that is one.
@@ -42,7 +49,7 @@ double AxisScale::position(double value) const {
   const double difference = value - location;
   double fraction;
   if (logarithmic) {
-    fraction = logarithmOfGrowth(location, difference) / logarithmOfGrowth(location, length);
+    fraction = logarithmOfRatio(value, location) / logarithmicSpan(location, length);
   } else if (std::isinf(difference)) {
     fraction = (value / 2 - location / 2) / length * 2;
   } else {
@@ -54,7 +61,7 @@ double AxisScale::position(double value) const {
 double AxisScale::value(double position) const {
   if (!isDrawable() || std::isnan(position)) return std::nan("");
   const double fraction = position / extent;
-  if (logarithmic) return grown(location, fraction * logarithmOfGrowth(location, length));
+  if (logarithmic) return grown(location, fraction * logarithmicSpan(location, length));
   const double direct = location + fraction * length;
   return std::isfinite(direct) ? direct : (location / 2 + fraction * (length / 2)) * 2;
 }
