@@ -7,6 +7,10 @@ set(VEXEL_LAYERS "")
 
 set(VEXEL_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
                    -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+# GCC 12 sees overlaps in its own std::string that are not there (its bug 105651).
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  list(APPEND VEXEL_WARNINGS -Wno-restrict)
+endif()
 
 function(vexel_warnings target)
   if(VEXEL_DEVELOPER)
@@ -27,6 +31,9 @@ function(vexel_layer folder)
                                      PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE})
   vexel_warnings(${name})
+  if(VEXEL_DEVELOPER)
+    vexel_lone_headers(${name} ${folder})
+  endif()
   list(APPEND VEXEL_LAYERS ${name})
   set(VEXEL_LAYERS ${VEXEL_LAYERS} PARENT_SCOPE)
 endfunction()

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include <CoreGraphics/CGPoint.h>
 #include <CorePlot/CPTColor.h>
 
 namespace vexel {

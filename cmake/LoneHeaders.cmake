@@ -1,0 +1,20 @@
+# The target `headers` compiles every public header alone, seeing only what users of its layer see.
+add_custom_target(headers)
+
+function(vexel_lone_headers layer folder)
+  file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/include
+       ${folder}/include/*/*.h)
+  if(NOT headers)
+    return()
+  endif()
+  set(sources "")
+  foreach(header ${headers})
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/headers/${header}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "#include <${header}>\n")
+    list(APPEND sources ${source})
+  endforeach()
+  add_library(${layer}Headers OBJECT EXCLUDE_FROM_ALL ${sources})
+  target_link_libraries(${layer}Headers PRIVATE ${layer})
+  vexel_warnings(${layer}Headers)
+  add_dependencies(headers ${layer}Headers)
+endfunction()
