@@ -6,6 +6,7 @@
 
 #include "CairoImage.h"
 #include "PangoText.h"
+#include "PenReach.h"
 #include "PixelAlignment.h"
 #include "SafePath.h"
 
@@ -13,11 +14,11 @@ namespace vexel {
 
 namespace {
 
-// Cairo keeps coordinates in 24 bits before the point and drops greater ones without an error.
-constexpr CGFloat kSafeReach = 1e6;
+// Cairo fills polygons wrongly from about 2e5 pixels on, without an error, and drops what its 24
+// bits before the point do not hold. Surfaces are smaller than half of this.
+constexpr CGFloat kSafeReach = 65536;
 // Dashes are cut nearer to what is visible: each costs time and memory.
 constexpr CGFloat kDashReach = 4096;
-constexpr CGFloat kDefaultMiterLimit = 10;
 
 CGRect safeBox() {
   return CGRect::make(-kSafeReach, -kSafeReach, 2 * kSafeReach, 2 * kSafeReach);
@@ -104,6 +105,7 @@ CairoCanvas::CairoCanvas(CairoSurfaceHandle surface, Surface kind,
     : surface_(std::move(surface)),
       cairo_(cairo_create(surface_.get())),
       kind_(kind),
+      visible_(visible),
       page_(page),
       state_{toDevice, visible} {}
 
@@ -168,9 +170,7 @@ void CairoCanvas::strokePath(const CGPath& devicePath, const CGStrokeStyle& styl
   cairo_set_line_width(cr, std::min(style.width, kSafeReach / scaleOf(state_.transform)));
   cairo_set_line_cap(cr, lineCap(style.cap));
   cairo_set_line_join(cr, lineJoin(style.join));
-  cairo_set_miter_limit(cr, style.miterLimit >= 1 && std::isfinite(style.miterLimit)
-                                ? style.miterLimit
-                                : kDefaultMiterLimit);
+  cairo_set_miter_limit(cr, usableMiterLimit(style));
   const std::vector<double> dashes = usableDashes(style);
   CGFloat period = 0;
   for (const CGFloat length : dashes) period += 2 * length;
@@ -259,13 +259,31 @@ void CairoCanvas::drawText(const CGText& text, CGPoint origin) {
 
 void CairoCanvas::drawSymbols(const CGPath& symbol, const CGColor* fillColor,
                               const CGStrokeStyle* strokeStyle, std::span<const CGPoint> centers) {
+  const CGAffineTransform before = state_.transform;
+  const CGFloat pen = strokeStyle ? penReach(*strokeStyle) : 0;
+  const CGRect box = symbol.boundingBox().insetBy(-pen, -pen);
   for (const CGPoint center : centers) {
-    const CGAffineTransform before = state_.transform;
     concatenate(CGAffineTransform::translation(center.x, center.y));
-    if (fillColor) fill(symbol, *fillColor);
-    if (strokeStyle) stroke(symbol, *strokeStyle);
+    if (symbolMayShow(box)) {
+      if (fillColor) fill(symbol, *fillColor);
+      if (strokeStyle) stroke(symbol, *strokeStyle);
+    }
     state_.transform = before;
   }
+}
+
+bool CairoCanvas::symbolMayShow(const CGRect& symbolBox) const {
+  // A pixel of room for edges moved to pixels.
+  const CGRect box = transformed(symbolBox, state_.transform).insetBy(-1, -1);
+  return !box.intersection(state_.clipBox).isEmpty();
+}
+
+void CairoCanvas::drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy) {
+  if (!isDrawable()) return;
+  cairo_identity_matrix(cairo_.get());
+  cairo_set_source_surface(cairo_.get(), source, dx, dy);
+  cairo_pattern_set_filter(cairo_get_source(cairo_.get()), CAIRO_FILTER_NEAREST);
+  cairo_paint(cairo_.get());
 }
 
 cairo_status_t CairoCanvas::finish() {

@@ -43,9 +43,14 @@ class CairoCanvas {
   const CGRect& clipBox() const { return state_.clipBox; }
   /// Whether the clip is that very rectangle.
   bool clipIsRectangle() const { return state_.clipIsRectangle; }
+  /// What the surface shows of the device.
+  const CGRect& visible() const { return visible_; }
   const CGRect& page() const { return page_; }
   /// False when the transform has no inverse: nothing is drawn.
   bool isDrawable() const;
+
+  /// Paints a surface of the same pixels, its own coordinates moved by whole pixels.
+  void drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy);
 
   /// Ends drawing for good. Gives the state of the Cairo context.
   cairo_status_t finish();
@@ -61,12 +66,14 @@ class CairoCanvas {
   void setColor(const CGColor& color);
   void setMatrix(const CGAffineTransform& transform);
   void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat dashOffset);
+  bool symbolMayShow(const CGRect& symbolBox) const;
   void paintImage(cairo_surface_t* image, const CGAffineTransform& imageToDevice,
                   const CGPath& deviceArea, cairo_filter_t filter);
 
   CairoSurfaceHandle surface_;
   CairoContextHandle cairo_;
   Surface kind_;
+  CGRect visible_;
   CGRect page_;
   State state_;
   std::vector<State> saved_;

@@ -39,16 +39,18 @@ class CGContext : public CGTextMeasure {
   virtual void drawText(const CGText& text, CGPoint origin) = 0;
 
   /// The same small path stroked and filled with its origin at each of the centres, in their
-  /// order; either may be absent (null). Contexts override it where they have a faster way.
+  /// order; either may be absent (null). Bitmaps may place each by up to a sixteenth of a pixel
+  /// beside its centre.
   virtual void drawSymbols(const CGPath& symbol, const CGColor* fillColor,
                            const CGStrokeStyle* strokeStyle, std::span<const CGPoint> centers);
 
   /// An empty transparent layer of the resolution of this context that covers `rect` of the
   /// present coordinates, or null when the context has no pixels to keep (vector surfaces,
-  /// recordings). Layers exist for contexts that are moved and scaled but not rotated.
+  /// recordings) or there is no memory. Layers exist for contexts that are moved and scaled but not
+  /// rotated.
   virtual std::unique_ptr<CGLayer> makeLayer(const CGRect& rect);
-  /// Lays a layer made by this or an equal context over the place it was made for, pixel by
-  /// pixel.
+  /// Lays a layer over the place it was made for, seen in the present coordinates, pixel by
+  /// pixel. A layer that does not fit this context draws nothing.
   virtual void drawLayer(const CGLayer& layer);
 
   void translate(CGFloat tx, CGFloat ty) { concatenate(CGAffineTransform::translation(tx, ty)); }

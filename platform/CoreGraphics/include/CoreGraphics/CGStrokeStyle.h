@@ -20,7 +20,7 @@ struct CGStrokeStyle {
   CGFloat miterLimit = 10;
   /// Lengths on, off, on, ...; empty for a solid line, which a pattern with a negative or
   /// non-finite length, or of zeros alone, is taken for.
-  std::vector<CGFloat> dashPattern;
+  std::vector<CGFloat> dashPattern = {};
   CGFloat dashPhase = 0;
   /// Horizontal and vertical lines are moved by less than a pixel so that their edges fall on
   /// the pixels of a bitmap. Vector surfaces draw them where they are.

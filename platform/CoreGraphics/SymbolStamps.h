@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include <CoreGraphics/CGAffineTransform.h>
+#include <CoreGraphics/CGColor.h>
+#include <CoreGraphics/CGPath.h>
+#include <CoreGraphics/CGStrokeStyle.h>
+
+namespace vexel {
+
+/// What is drawn at each centre; either part may be absent (null).
+struct SymbolLook {
+  const CGPath& path;
+  const CGColor* fillColor;
+  const CGStrokeStyle* strokeStyle;
+};
+
+/// A symbol as pixels, premultiplied, around the pixel that holds its centre.
+struct SymbolStamp {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint32_t> pixels;
+};
+
+/// The stamps of one symbol for centres at all places within a pixel, to an eighth of a pixel,
+/// made when first asked for. Shapes are rendered by Cairo once and kept by the calling thread,
+/// so that the same symbol in another colour costs little.
+class SymbolStamps {
+ public:
+  /// Places within a pixel in either direction.
+  static constexpr int kPhases = 8;
+  /// Symbols larger than this, in pixels, have no stamps.
+  static constexpr int kMaximumSide = 64;
+
+  /// Null when the symbol is too large.
+  static std::unique_ptr<SymbolStamps> create(const SymbolLook& look,
+                                              const CGAffineTransform& toDevice);
+
+  /// The stamp for a centre `phaseX` eighths to the right and `phaseY` eighths below the corner
+  /// of its pixel.
+  const SymbolStamp& stamp(int phaseX, int phaseY);
+
+ private:
+  struct Shape;
+  class ShapeCache;
+  SymbolStamps(std::shared_ptr<Shape> shape, const SymbolLook& look);
+
+  std::shared_ptr<Shape> shape_;
+  std::uint32_t fillPixel_;
+  std::uint32_t strokePixel_;
+  std::array<std::unique_ptr<SymbolStamp>, kPhases * kPhases> stamps_;
+};
+
+}  // namespace vexel
