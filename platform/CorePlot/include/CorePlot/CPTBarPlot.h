@@ -57,9 +57,8 @@ class CPTBarPlot : public CPTPlot {
     setNeedsDisplay();
   }
 
-  struct Bar;
-  std::optional<Bar> bar(std::size_t record, const CPTXYPlotSpace& space) const;
-  void drawBar(CGContext& context, const CGRect& rect) const;
+  class Geometry;
+  void drawLabels(CGContext& context, const Geometry& geometry) const;
 
   CPTNumericData locations_;
   CPTNumericData tips_;

@@ -32,9 +32,7 @@ class CPTColor {
     return CPTColor(CGColor::genericRGB(red, green, blue, alpha));
   }
   /// Generic grey, 0 black to 1 white.
-  static CPTColor colorWithGenericGray(double gray) {
-    return CPTColor(CGColor::genericGray(gray));
-  }
+  static CPTColor colorWithGenericGray(double gray) { return CPTColor(CGColor::genericGray(gray)); }
 
   const CGColor& cgColor() const { return color_; }
 

@@ -82,8 +82,7 @@ class CPTGraph : public CPTBorderedLayer {
   struct KeptPicture;
 
   std::vector<Slice> slices();
-  void drawSlices(CGContext& context, std::vector<Slice>& slices, std::size_t first,
-                  std::size_t end);
+  void drawTitle(CGContext& context) const;
 
   NSWeak<CPTGraphHostingView> hostingView_;
   std::shared_ptr<CPTPlotAreaFrame> plotAreaFrame_;

@@ -3,15 +3,15 @@
 #include <memory>
 #include <vector>
 
-#include <CorePlot/CALayerDelegate.h>
 #include <CoreGraphics/CGContext.h>
+#include <CorePlot/CALayerDelegate.h>
 #include <Foundation/NSObject.h>
 
 namespace vexel {
 
-/// A part of a chart: a rectangle in the coordinates of its superlayer that draws itself. Made
-/// with std::make_shared. A layer owns its sublayers; it knows its superlayer weakly.
-class CPTLayer : public virtual NSObject, public std::enable_shared_from_this<CPTLayer> {
+/// A part of a chart: a rectangle in the coordinates of its superlayer that draws itself. A layer
+/// owns its sublayers; it knows its superlayer weakly.
+class CPTLayer : public virtual NSObject {
  public:
   explicit CPTLayer(CGRect frame = {}) : frame_(frame) {}
 
@@ -26,10 +26,12 @@ class CPTLayer : public virtual NSObject, public std::enable_shared_from_this<CP
   CGFloat paddingRight() const { return paddingRight_; }
   CGFloat paddingTop() const { return paddingTop_; }
   CGFloat paddingBottom() const { return paddingBottom_; }
-  void setPaddingLeft(CGFloat points) { setPadding(paddingLeft_, points); }
-  void setPaddingRight(CGFloat points) { setPadding(paddingRight_, points); }
-  void setPaddingTop(CGFloat points) { setPadding(paddingTop_, points); }
-  void setPaddingBottom(CGFloat points) { setPadding(paddingBottom_, points); }
+  void setPaddingLeft(CGFloat points) { changePadding(paddingLeft_, points); }
+  void setPaddingRight(CGFloat points) { changePadding(paddingRight_, points); }
+  void setPaddingTop(CGFloat points) { changePadding(paddingTop_, points); }
+  void setPaddingBottom(CGFloat points) { changePadding(paddingBottom_, points); }
+  /// The same on all four sides.
+  void setPadding(CGFloat points);
   /// The bounds without the paddings; of no size where the paddings leave none.
   CGRect paddedBounds() const;
 
@@ -40,7 +42,8 @@ class CPTLayer : public virtual NSObject, public std::enable_shared_from_this<CP
   CALayerDelegate* delegate() const { return delegate_.get(); }
   void setDelegate(CALayerDelegate* delegate) { delegate_ = delegate; }
 
-  std::shared_ptr<CPTLayer> superlayer() const { return superlayer_.lock(); }
+  /// Null when there is none, or it is gone.
+  CPTLayer* superlayer() const { return superlayer_.get(); }
   const std::vector<std::shared_ptr<CPTLayer>>& sublayers() const { return sublayers_; }
   /// Takes the layer from where it was. Null does nothing.
   void addSublayer(std::shared_ptr<CPTLayer> layer);
@@ -68,7 +71,7 @@ class CPTLayer : public virtual NSObject, public std::enable_shared_from_this<CP
   virtual void contentDidChange();
 
  private:
-  void setPadding(CGFloat& padding, CGFloat points);
+  void changePadding(CGFloat& padding, CGFloat points);
 
   CGRect frame_;
   CGFloat paddingLeft_ = 0;
@@ -79,7 +82,7 @@ class CPTLayer : public virtual NSObject, public std::enable_shared_from_this<CP
   bool needsDisplay_ = true;
   unsigned displayCount_ = 0;
   NSWeak<CALayerDelegate> delegate_;
-  std::weak_ptr<CPTLayer> superlayer_;
+  NSWeak<CPTLayer> superlayer_;
   std::vector<std::shared_ptr<CPTLayer>> sublayers_;
 };
 

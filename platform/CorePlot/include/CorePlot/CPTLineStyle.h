@@ -17,7 +17,7 @@ struct CPTLineStyle {
   /// At most 0, or not finite: no line.
   CGFloat lineWidth = 1;
   /// Lengths on, off, on, ...; empty for a solid line.
-  std::vector<CGFloat> dashPattern;
+  std::vector<CGFloat> dashPattern = {};
   CGFloat patternPhase = 0;
   /// Absent: black.
   std::optional<CPTColor> lineColor = CPTColor::blackColor();

@@ -16,8 +16,9 @@ class CPTNumericData {
 
   CPTNumericData() = default;
   template <class Range>
-    requires std::constructible_from<std::span<const double>, const Range&>
-  CPTNumericData(const Range& numbers) : CPTNumericData(std::span<const double>(numbers)) {}
+  requires std::constructible_from < std::span<const double>,
+  const Range& > CPTNumericData(const Range& numbers)
+      : CPTNumericData(std::span<const double>(numbers)) {}
   CPTNumericData(std::span<const double> n) : CPTNumericData(Type::float64, n) {}
   CPTNumericData(std::span<const float> n) : CPTNumericData(Type::float32, n) {}
   CPTNumericData(std::span<const std::int16_t> n) : CPTNumericData(Type::int16, n) {}

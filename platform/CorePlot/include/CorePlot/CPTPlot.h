@@ -84,11 +84,12 @@ class CPTPlot : public CPTLayer {
   bool hasLabels() const { return !dataLabels_.empty() || labelFormatter_ != nullptr; }
   /// Draws a label so that its near edge is labelOffset from `anchor` in the direction given (a
   /// unit vector along an axis).
-  void drawLabel(CGContext& context, const CPTTextLayer& label, CGPoint anchor,
-                 CGPoint direction) const;
+  void drawLabel(CGContext& context, CPTTextLayer& label, CGPoint anchor, CGPoint direction) const;
 
  private:
   friend class CPTGraph;
+
+  void readFromSource();
 
   std::string identifier_;
   NSWeak<CPTPlotDataSource> dataSource_;

@@ -18,8 +18,8 @@ class CPTPlotArea : public CPTBorderedLayer {
   void removeAnnotation(const CPTAnnotation& annotation);
   void removeAllAnnotations();
 
-  /// The annotations changed, but nothing below them.
-  bool annotationsNeedDisplay() const { return annotationsNeedDisplay_; }
+  /// Whether an annotation was added, removed, moved or changed since the last display.
+  bool annotationsNeedDisplay() const;
   void setAnnotationsNeedDisplay();
   void drawAnnotations(CGContext& context);
 

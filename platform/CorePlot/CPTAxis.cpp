@@ -1,0 +1,50 @@
+#include <CorePlot/CPTAxis.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <Foundation/FatalError.h>
+#include <Foundation/NSNumberFormatter.h>
+
+namespace vexel {
+
+namespace {
+
+std::set<double> finite(std::set<double> locations) {
+  // NaN is not ordered: a set that contains one cannot be searched, only walked.
+  std::set<double> result;
+  for (const double location : locations)
+    if (std::isfinite(location)) result.insert(location);
+  return result;
+}
+
+std::shared_ptr<NSFormatter> defaultLabelFormatter() {
+  auto formatter = std::make_shared<NSNumberFormatter>();
+  formatter->setMinimumIntegerDigits(1);
+  formatter->setMinimumFractionDigits(1);
+  return formatter;
+}
+
+}  // namespace
+
+CPTAxis::CPTAxis() : labelFormatter_(defaultLabelFormatter()) {}
+
+void CPTAxis::setMinorTicksPerInterval(int ticks) {
+  if (ticks < 0) fatalError("CPTAxis: minorTicksPerInterval is negative");
+  change(minorTicksPerInterval_, ticks);
+}
+
+void CPTAxis::setMajorTickLocations(std::set<double> locations) {
+  change(majorTickLocations_, finite(std::move(locations)));
+}
+
+void CPTAxis::setMinorTickLocations(std::set<double> locations) {
+  change(minorTickLocations_, finite(std::move(locations)));
+}
+
+void CPTAxis::setAxisLabels(std::vector<std::shared_ptr<CPTAxisLabel>> labels) {
+  std::erase(labels, nullptr);
+  change(axisLabels_, std::move(labels));
+}
+
+}  // namespace vexel

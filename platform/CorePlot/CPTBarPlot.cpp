@@ -1,0 +1,146 @@
+#include <CorePlot/CPTBarPlot.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vexel {
+
+namespace {
+
+// Narrower bars are drawn together as one antialiased shape without outline: rounding them to
+// pixels would make their widths uneven, and outlines would hide them.
+constexpr CGFloat kNarrowBar = 3;
+
+}  // namespace
+
+/// Where bars stand on the plot area.
+class CPTBarPlot::Geometry {
+ public:
+  Geometry(const CPTBarPlot& plot, const CPTXYPlotSpace& space)
+      : plot_(plot),
+        horizontal_(plot.barsAreHorizontal()),
+        along_(space.scale(horizontal_ ? CPTCoordinate::Y : CPTCoordinate::X,
+                           horizontal_ ? plot.plotAreaSize().height : plot.plotAreaSize().width)),
+        across_(space.scale(horizontal_ ? CPTCoordinate::X : CPTCoordinate::Y,
+                            horizontal_ ? plot.plotAreaSize().width : plot.plotAreaSize().height)) {
+  }
+
+  bool isDrawable() const { return along_.isDrawable() && across_.isDrawable(); }
+  bool isHorizontal() const { return horizontal_; }
+
+  /// Location, base and tip in points; absent when the record has no bar.
+  struct Bar {
+    CGFloat from;
+    CGFloat to;
+    CGFloat base;
+    CGFloat tip;
+  };
+  std::optional<Bar> bar(std::size_t record) const {
+    const double location = plot_.locations_[record];
+    const CGFloat tip = across_.position(plot_.tips_[record]);
+    CGFloat base = across_.position(plot_.barBasesVary_ ? plot_.bases_[record] : plot_.baseValue_);
+    if (std::isnan(base) && !plot_.barBasesVary_) base = along_.length < 0 ? across_.extent : 0;
+
+    CGFloat from, to;
+    if (plot_.barWidthsAreInViewCoordinates_) {
+      const CGFloat center = along_.position(location) + plot_.barOffset_;
+      from = center - plot_.barWidth_ / 2;
+      to = center + plot_.barWidth_ / 2;
+    } else {
+      const double center = location + plot_.barOffset_;
+      from = along_.position(center - plot_.barWidth_ / 2);
+      to = along_.position(center + plot_.barWidth_ / 2);
+    }
+    if (std::isnan(tip) || std::isnan(base) || std::isnan(from) || std::isnan(to))
+      return std::nullopt;
+    return Bar{std::min(from, to), std::max(from, to), base, tip};
+  }
+
+  CGPoint point(CGFloat along, CGFloat across) const {
+    return horizontal_ ? CGPoint{across, along} : CGPoint{along, across};
+  }
+
+  /// The part of the bar that can be seen, with what reaches in of its outline.
+  CGRect visibleRect(const Bar& bar, CGFloat margin) const {
+    const auto clamped = [margin](CGFloat position, CGFloat extent) {
+      return std::clamp(position, -margin, extent + margin);
+    };
+    const CGFloat from = clamped(bar.from, along_.extent);
+    const CGFloat to = clamped(bar.to, along_.extent);
+    const CGFloat low = clamped(std::min(bar.base, bar.tip), across_.extent);
+    const CGFloat high = clamped(std::max(bar.base, bar.tip), across_.extent);
+    return {point(from, low),
+            horizontal_ ? CGSize{high - low, to - from} : CGSize{to - from, high - low}};
+  }
+
+ private:
+  const CPTBarPlot& plot_;
+  bool horizontal_;
+  AxisScale along_;
+  AxisScale across_;
+};
+
+CPTBarPlot::CPTBarPlot() : CPTPlot({}) {
+  setLabelOffset(kDefaultLabelOffset);
+}
+
+void CPTBarPlot::setBarBasesVary(bool vary) {
+  if (barBasesVary_ == vary) return;
+  barBasesVary_ = vary;
+  setDataNeedsReloading();
+}
+
+std::size_t CPTBarPlot::readData(CPTPlotDataSource& source, std::size_t records) {
+  locations_ = readField(source, CPTBarPlotFieldBarLocation, records, storedLocations_);
+  tips_ = readField(source, CPTBarPlotFieldBarTip, records, storedTips_);
+  std::size_t count = std::min(locations_.count(), tips_.count());
+  if (!barBasesVary_) return count;
+  bases_ = readField(source, CPTBarPlotFieldBarBase, records, storedBases_);
+  return std::min(count, bases_.count());
+}
+
+void CPTBarPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
+  const Geometry geometry(*this, space);
+  if (!geometry.isDrawable()) return;
+
+  std::optional<CGStrokeStyle> outline;
+  if (lineStyle_) outline = lineStyle_->strokeStyle();
+  if (outline) outline->alignsToPixels = barCornerRadius_ <= 0;
+  const CGFloat margin = outline && outline->width > 0 ? 2 * outline->width : 1;
+  const CGRect area = CGRect{{}, plotAreaSize()}.insetBy(-margin, -margin);
+
+  CGMutablePath narrow;
+  for (std::size_t record = 0; record < recordCount(); ++record) {
+    const auto bar = geometry.bar(record);
+    if (!bar) continue;
+    const CGRect rect = geometry.visibleRect(*bar, margin);
+    if (rect.minX() >= area.maxX() || rect.minY() >= area.maxY() || rect.maxX() <= area.minX() ||
+        rect.maxY() <= area.minY())
+      continue;
+    if (bar->to - bar->from < kNarrowBar && barCornerRadius_ <= 0) {
+      narrow.addRect(rect);
+      continue;
+    }
+    CGMutablePath path;
+    path.addRoundedRect(rect, barCornerRadius_);
+    if (fill_) barCornerRadius_ > 0 ? fill_->fill(context, path) : fill_->fill(context, rect);
+    if (outline) context.stroke(path, *outline);
+  }
+  if (!narrow.isEmpty() && fill_) fill_->fill(context, narrow);
+  if (hasLabels()) drawLabels(context, geometry);
+}
+
+void CPTBarPlot::drawLabels(CGContext& context, const Geometry& geometry) const {
+  const CGRect area{{}, plotAreaSize()};
+  for (std::size_t record = 0; record < recordCount(); ++record) {
+    const auto bar = geometry.bar(record);
+    if (!bar) continue;
+    const CGPoint tip = geometry.point((bar->from + bar->to) / 2, bar->tip);
+    if (!area.contains(tip)) continue;
+    const CGFloat away = bar->tip < bar->base ? -1 : 1;
+    if (const auto text = label(record, tips_[record]))
+      drawLabel(context, *text, tip, geometry.point(0, away));
+  }
+}
+
+}  // namespace vexel

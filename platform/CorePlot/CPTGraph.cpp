@@ -1,0 +1,277 @@
+#include <CorePlot/CPTGraph.h>
+
+#include <algorithm>
+#include <functional>
+
+#include <CorePlot/CPTGraphHostingView.h>
+#include <CorePlot/CPTXYAxis.h>
+
+#include "AxisLayout.h"
+
+namespace vexel {
+
+namespace {
+
+// Between the upper edge of the graph and its title.
+constexpr CGFloat kTitleInset = 2;
+
+}  // namespace
+
+/// A part of the chart that is drawn as one, from back to front.
+struct CPTGraph::Slice {
+  /// Tells slices apart from one display to the next.
+  const void* owner;
+  bool needsDisplay;
+  std::function<void(CGContext&)> draw;
+};
+
+/// What the first slices looked like at the last display.
+struct CPTGraph::KeptPicture {
+  std::unique_ptr<CGLayer> layer;
+  std::vector<const void*> owners;
+
+  bool shows(const std::vector<Slice>& slices, std::size_t clean) const {
+    if (!layer || owners.size() > clean) return false;
+    return std::equal(owners.begin(), owners.end(), slices.begin(),
+                      [](const void* owner, const Slice& slice) { return owner == slice.owner; });
+  }
+};
+
+CPTGraph::CPTGraph(CGRect frame) : CPTBorderedLayer(frame) {
+  setPadding(kDefaultPadding);
+}
+
+CPTGraph::~CPTGraph() = default;
+
+void CPTGraph::setPlotAreaFrame(std::shared_ptr<CPTPlotAreaFrame> frame) {
+  if (plotAreaFrame_ == frame) return;
+  if (plotAreaFrame_) plotAreaFrame_->removeFromSuperlayer();
+  plotAreaFrame_ = std::move(frame);
+  addSublayer(plotAreaFrame_);
+  layoutSublayers();
+}
+
+void CPTGraph::setAxisSet(std::shared_ptr<CPTAxisSet> axisSet) {
+  if (axisSet_ == axisSet) return;
+  if (axisSet_) axisSet_->removeFromSuperlayer();
+  axisSet_ = std::move(axisSet);
+  addSublayer(axisSet_);
+  setNeedsDisplay();
+}
+
+std::shared_ptr<CPTPlotSpace> CPTGraph::defaultPlotSpace() const {
+  return plotSpaces_.empty() ? nullptr : plotSpaces_.front();
+}
+
+void CPTGraph::addPlotSpace(std::shared_ptr<CPTPlotSpace> space) {
+  if (!space || space->graph() == this) return;
+  if (auto* former = space->graph()) former->removePlotSpace(*space);
+  space->graph_ = this;
+  plotSpaces_.push_back(std::move(space));
+}
+
+void CPTGraph::removePlotSpace(const CPTPlotSpace& space) {
+  const auto found = std::find_if(plotSpaces_.begin(), plotSpaces_.end(),
+                                  [&](const auto& s) { return s.get() == &space; });
+  if (found == plotSpaces_.end()) return;
+  (*found)->graph_ = nullptr;
+  plotSpaces_.erase(found);
+}
+
+void CPTGraph::addPlot(std::shared_ptr<CPTPlot> plot) {
+  addPlot(std::move(plot), nullptr);
+}
+
+void CPTGraph::addPlot(std::shared_ptr<CPTPlot> plot, std::shared_ptr<CPTPlotSpace> space) {
+  if (!plot) return;
+  if (auto* former = plot->graph()) former->removePlot(*plot);
+  plot->setPlotSpace(space ? std::move(space) : defaultPlotSpace());
+  plot->graph_ = this;
+  addSublayer(plot);
+  plots_.push_back(std::move(plot));
+}
+
+std::shared_ptr<CPTPlot> CPTGraph::plotWithIdentifier(const std::string& identifier) const {
+  for (const auto& plot : plots_)
+    if (plot->identifier() == identifier) return plot;
+  return nullptr;
+}
+
+void CPTGraph::removePlot(const CPTPlot& plot) {
+  const auto found =
+      std::find_if(plots_.begin(), plots_.end(), [&](const auto& p) { return p.get() == &plot; });
+  if (found == plots_.end()) return;
+  const auto removed = *found;
+  plots_.erase(found);
+  removed->graph_ = nullptr;
+  removed->removeFromSuperlayer();
+}
+
+void CPTGraph::removePlotWithIdentifier(const std::string& identifier) {
+  if (const auto plot = plotWithIdentifier(identifier)) removePlot(*plot);
+}
+
+void CPTGraph::reloadData() {
+  for (const auto& plot : plots_) plot->setDataNeedsReloading();
+}
+
+void CPTGraph::applyTheme(const std::shared_ptr<const CPTTheme>& theme) {
+  if (theme) theme->applyThemeToGraph(*this);
+}
+
+void CPTGraph::setTitle(std::optional<std::string> title) {
+  if (title_ == title) return;
+  title_ = std::move(title);
+  setNeedsDisplay();
+}
+
+void CPTGraph::setTitleTextStyle(CPTTextStyle style) {
+  if (titleTextStyle_ == style) return;
+  titleTextStyle_ = std::move(style);
+  setNeedsDisplay();
+}
+
+void CPTGraph::layoutSublayers() {
+  if (plotAreaFrame_) plotAreaFrame_->setFrame(paddedBounds());
+}
+
+void CPTGraph::contentDidChange() {
+  if (hostingView_) hostingView_->setNeedsDisplay(true);
+}
+
+void CPTGraph::plotSpaceDidChange(const CPTPlotSpace& space) {
+  if (axisSet_)
+    for (const auto& axis : axisSet_->axes())
+      if (axis->plotSpace().get() == &space) axis->setNeedsDisplay();
+  for (const auto& plot : plots_)
+    if (plot->plotSpace().get() == &space) plot->setNeedsDisplay();
+  if (plotAreaFrame_ && plotAreaFrame_->plotArea())
+    plotAreaFrame_->plotArea()->setAnnotationsNeedDisplay();
+}
+
+std::vector<CPTGraph::Slice> CPTGraph::slices() {
+  const auto frame = plotAreaFrame_;
+  const auto area = frame ? frame->plotArea() : nullptr;
+  std::vector<Slice> result;
+
+  result.push_back(
+      {this, needsDisplay() || (frame && frame->needsDisplay()) || (area && area->needsDisplay()),
+       [this, frame, area](CGContext& context) {
+         display(context);
+         for (const std::shared_ptr<CPTLayer>& layer :
+              std::initializer_list<std::shared_ptr<CPTLayer>>{frame, area}) {
+           if (!layer) continue;
+           const CGPoint origin = layer->convertPointToRoot({}) - this->frame().origin;
+           const CGSavedState state(context);
+           context.translate(origin.x, origin.y);
+           layer->display(context);
+         }
+       }});
+  if (!area) return result;
+
+  const CGRect plotRect{area->convertPointToRoot({}) - this->frame().origin, area->frame().size};
+  const auto inPlotArea = [plotRect](CGContext& context, const auto& draw) {
+    const CGSavedState state(context);
+    context.translate(plotRect.minX(), plotRect.minY());
+    draw();
+  };
+
+  struct PlacedAxis {
+    std::shared_ptr<CPTXYAxis> axis;
+    AxisLayout layout;
+  };
+  const auto axes = std::make_shared<std::vector<PlacedAxis>>();
+  bool axesNeedDisplay = false;
+  if (axisSet_) {
+    axesNeedDisplay = axisSet_->needsDisplay();
+    for (const auto& axis : axisSet_->axes()) {
+      axesNeedDisplay |= axis->needsDisplay();
+      if (axisSet_->isHidden()) continue;
+      const auto xyAxis = std::dynamic_pointer_cast<CPTXYAxis>(axis);
+      if (!xyAxis || xyAxis->isHidden()) continue;
+      if (auto layout = layoutAxis(*xyAxis, plotRect.size))
+        axes->push_back({xyAxis, std::move(*layout)});
+    }
+  }
+
+  result.push_back({axisSet_.get(), axesNeedDisplay, [this, axes, inPlotArea](CGContext& context) {
+                      inPlotArea(context, [&] {
+                        for (const auto& [axis, layout] : *axes)
+                          drawMinorGrid(context, *axis, layout);
+                        for (const auto& [axis, layout] : *axes)
+                          drawMajorGrid(context, *axis, layout);
+                        if (axisSet_) {
+                          axisSet_->display(context);
+                          for (const auto& axis : axisSet_->axes()) axis->display(context);
+                        }
+                        for (const auto& [axis, layout] : *axes)
+                          drawLineAndTicks(context, *axis, layout);
+                      });
+                    }});
+
+  for (const auto& plot : plots_)
+    result.push_back(
+        {plot.get(), plot->needsDisplay(), [plot, plotRect, inPlotArea](CGContext& context) {
+           inPlotArea(context, [&] {
+             context.clip(CGRect{{}, plotRect.size});
+             plot->setPlotAreaSize(plotRect.size);
+             plot->display(context);
+           });
+         }});
+
+  result.push_back({&titleTextStyle_, false, [this, axes, inPlotArea](CGContext& context) {
+                      inPlotArea(context, [&] {
+                        for (const auto& placed : *axes) drawLabelsAndTitle(context, placed.layout);
+                      });
+                      drawTitle(context);
+                    }});
+  result.push_back(
+      {area.get(), area->annotationsNeedDisplay(), [area, inPlotArea](CGContext& context) {
+         inPlotArea(context, [&] { area->drawAnnotations(context); });
+       }});
+  return result;
+}
+
+void CPTGraph::drawTitle(CGContext& context) const {
+  if (!title_ || title_->empty()) return;
+  CPTTextLayer layer(*title_, titleTextStyle_);
+  const CGSize size = layer.frame().size;
+  const CGRect area =
+      plotAreaFrame_ && plotAreaFrame_->plotArea() ? plotAreaFrame_->plotArea()->frame() : bounds();
+  const CGFloat left = plotAreaFrame_ ? plotAreaFrame_->frame().minX() : 0;
+  const CGSavedState state(context);
+  context.translate(left + area.midX() - size.width / 2,
+                    bounds().maxY() - kTitleInset - size.height);
+  layer.display(context);
+}
+
+void CPTGraph::displayChart(CGContext& context) {
+  const std::vector<Slice> all = slices();
+  const auto draw = [&](CGContext& target, std::size_t first, std::size_t end) {
+    for (std::size_t i = first; i < end; ++i) all[i].draw(target);
+  };
+  const auto firstDirty =
+      std::find_if(all.begin(), all.end(), [](const Slice& slice) { return slice.needsDisplay; });
+  const auto clean = static_cast<std::size_t>(firstDirty - all.begin());
+
+  if (kept_ && kept_->shows(all, clean) && kept_->layer->fits(context)) {
+    context.drawLayer(*kept_->layer);
+    draw(context, kept_->owners.size(), all.size());
+    return;
+  }
+  kept_.reset();
+  // The first display, and one in which everything changed, has nothing that is worth keeping.
+  auto layer = clean > 0 ? context.makeLayer(bounds()) : nullptr;
+  if (!layer) {
+    draw(context, 0, all.size());
+    return;
+  }
+  draw(layer->context(), 0, clean);
+  context.drawLayer(*layer);
+  kept_ = std::make_unique<KeptPicture>();
+  for (std::size_t i = 0; i < clean; ++i) kept_->owners.push_back(all[i].owner);
+  kept_->layer = std::move(layer);
+  draw(context, clean, all.size());
+}
+
+}  // namespace vexel

@@ -1,0 +1,32 @@
+#include <CorePlot/CPTGraphHostingView.h>
+
+namespace vexel {
+
+CPTGraphHostingView::~CPTGraphHostingView() {
+  if (hostedGraph_) hostedGraph_->hostingView_ = nullptr;
+}
+
+void CPTGraphHostingView::setHostedGraph(std::shared_ptr<CPTGraph> graph) {
+  if (hostedGraph_ == graph) return;
+  if (graph && graph->hostingView_) graph->hostingView_->setHostedGraph(nullptr);
+  if (hostedGraph_) hostedGraph_->hostingView_ = nullptr;
+  hostedGraph_ = std::move(graph);
+  if (hostedGraph_) {
+    hostedGraph_->hostingView_ = this;
+    hostedGraph_->setFrame(bounds());
+  }
+  setNeedsDisplay(true);
+}
+
+void CPTGraphHostingView::setFrameSize(CGSize size) {
+  NSView::setFrameSize(size);
+  if (hostedGraph_) hostedGraph_->setFrame(bounds());
+}
+
+void CPTGraphHostingView::draw(CGContext& context, CGRect) {
+  if (!hostedGraph_) return;
+  const auto graph = hostedGraph_;
+  graph->displayChart(context);
+}
+
+}  // namespace vexel

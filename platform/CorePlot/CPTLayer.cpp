@@ -1,0 +1,83 @@
+#include <CorePlot/CPTLayer.h>
+
+#include <algorithm>
+
+namespace vexel {
+
+void CPTLayer::setFrame(CGRect frame) {
+  if (frame_ == frame) return;
+  const bool resized = frame_.size != frame.size;
+  frame_ = frame;
+  setNeedsDisplay();
+  if (resized) layoutSublayers();
+}
+
+void CPTLayer::changePadding(CGFloat& padding, CGFloat points) {
+  if (padding == points) return;
+  padding = points;
+  setNeedsDisplay();
+  layoutSublayers();
+}
+
+void CPTLayer::setPadding(CGFloat points) {
+  paddingLeft_ = paddingRight_ = paddingTop_ = paddingBottom_ = points;
+  setNeedsDisplay();
+  layoutSublayers();
+}
+
+CGRect CPTLayer::paddedBounds() const {
+  return CGRect::make(paddingLeft_, paddingBottom_,
+                      std::max(frame_.size.width - paddingLeft_ - paddingRight_, 0.0),
+                      std::max(frame_.size.height - paddingTop_ - paddingBottom_, 0.0));
+}
+
+void CPTLayer::setHidden(bool hidden) {
+  if (hidden_ == hidden) return;
+  hidden_ = hidden;
+  setNeedsDisplay();
+}
+
+void CPTLayer::addSublayer(std::shared_ptr<CPTLayer> layer) {
+  if (!layer) return;
+  layer->removeFromSuperlayer();
+  layer->superlayer_ = this;
+  sublayers_.push_back(std::move(layer));
+  sublayers_.back()->setNeedsDisplay();
+}
+
+void CPTLayer::removeFromSuperlayer() {
+  CPTLayer* const parent = superlayer();
+  if (!parent) return;
+  superlayer_ = nullptr;
+  auto& siblings = parent->sublayers_;
+  const auto self = std::find_if(siblings.begin(), siblings.end(),
+                                 [this](const auto& layer) { return layer.get() == this; });
+  // Kept until the end: the superlayer may hold the last reference.
+  const auto keptAlive = *self;
+  siblings.erase(self);
+  parent->contentDidChange();
+}
+
+void CPTLayer::setNeedsDisplay() {
+  needsDisplay_ = true;
+  contentDidChange();
+}
+
+void CPTLayer::contentDidChange() {
+  if (superlayer_) superlayer_->contentDidChange();
+}
+
+void CPTLayer::display(CGContext& context) {
+  needsDisplay_ = false;
+  if (hidden_) return;
+  if (delegate_) delegate_->layerWillDraw(*this);
+  ++displayCount_;
+  draw(context);
+}
+
+CGPoint CPTLayer::convertPointToRoot(CGPoint point) const {
+  point = point + frame_.origin;
+  return superlayer_ ? superlayer_->convertPointToRoot(point) : point;
+}
+
+}  // namespace vexel

@@ -1,0 +1,109 @@
+#include <CorePlot/CPTPlot.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <CorePlot/CPTGraph.h>
+
+namespace vexel {
+
+void CPTPlot::setDataSource(CPTPlotDataSource* dataSource) {
+  dataSource_ = dataSource;
+  setDataNeedsReloading();
+}
+
+void CPTPlot::setPlotSpace(std::shared_ptr<CPTPlotSpace> space) {
+  if (plotSpace_ == space) return;
+  plotSpace_ = std::move(space);
+  setNeedsDisplay();
+}
+
+void CPTPlot::setDataNeedsReloading() {
+  dataNeedsReloading_ = true;
+  setNeedsDisplay();
+}
+
+void CPTPlot::reloadDataIfNeeded() {
+  if (dataNeedsReloading_) readFromSource();
+}
+
+void CPTPlot::reloadData() {
+  readFromSource();
+  setNeedsDisplay();
+}
+
+void CPTPlot::readFromSource() {
+  dataNeedsReloading_ = false;
+  recordCount_ = 0;
+  dataLabels_.clear();
+  if (auto* source = dataSource()) {
+    recordCount_ = readData(*source, source->numberOfRecords(*this));
+    dataLabels_ = source->dataLabels(*this, {0, recordCount_});
+  }
+}
+
+void CPTPlot::setLabelTextStyle(std::optional<CPTTextStyle> style) {
+  if (labelTextStyle_ == style) return;
+  labelTextStyle_ = std::move(style);
+  setNeedsDisplay();
+}
+
+void CPTPlot::setLabelFormatter(std::shared_ptr<NSFormatter> formatter) {
+  if (labelFormatter_ == formatter) return;
+  labelFormatter_ = std::move(formatter);
+  setNeedsDisplay();
+}
+
+void CPTPlot::setLabelOffset(CGFloat points) {
+  if (labelOffset_ == points) return;
+  labelOffset_ = points;
+  setNeedsDisplay();
+}
+
+void CPTPlot::setLabelRotation(CGFloat radians) {
+  if (labelRotation_ == radians) return;
+  labelRotation_ = radians;
+  setNeedsDisplay();
+}
+
+void CPTPlot::draw(CGContext& context) {
+  reloadDataIfNeeded();
+  // Borrowed numbers die with their source.
+  const auto space = std::dynamic_pointer_cast<CPTXYPlotSpace>(plotSpace_);
+  if (dataSource() && space && recordCount_ > 0) drawSeries(context, *space);
+}
+
+CPTNumericData CPTPlot::readField(CPTPlotDataSource& source, unsigned field, std::size_t records,
+                                  std::vector<double>& storage) const {
+  storage.clear();
+  if (const auto lent = source.numbers(*this, field, {0, records})) return lent->part(0, records);
+  storage.reserve(records);
+  for (std::size_t record = 0; record < records; ++record)
+    storage.push_back(source.number(*this, field, record));
+  return storage;
+}
+
+std::shared_ptr<CPTTextLayer> CPTPlot::label(std::size_t record, double value) const {
+  if (!dataLabels_.empty()) return record < dataLabels_.size() ? dataLabels_[record] : nullptr;
+  if (!labelFormatter_) return nullptr;
+  return std::make_shared<CPTTextLayer>(labelFormatter_->string(value),
+                                        labelTextStyle_.value_or(CPTTextStyle{}));
+}
+
+void CPTPlot::drawLabel(CGContext& context, CPTTextLayer& label, CGPoint anchor,
+                        CGPoint direction) const {
+  const CGSize size = label.frame().size;
+  const CGFloat c = std::abs(std::cos(labelRotation_));
+  const CGFloat s = std::abs(std::sin(labelRotation_));
+  const CGPoint half{(size.width * c + size.height * s) / 2,
+                     (size.width * s + size.height * c) / 2};
+  const CGPoint center{anchor.x + direction.x * (labelOffset_ + half.x),
+                       anchor.y + direction.y * (labelOffset_ + half.y)};
+  const CGSavedState state(context);
+  context.translate(center.x, center.y);
+  if (labelRotation_ != 0) context.rotate(labelRotation_);
+  context.translate(-size.width / 2, -size.height / 2);
+  label.display(context);
+}
+
+}  // namespace vexel
