@@ -1,0 +1,27 @@
+#include <AppKit/NSEvent.h>
+
+#include <gtest/gtest.h>
+
+namespace vexel {
+namespace {
+
+TEST(NSEvent, IsAMoveToTheOriginUnlessSet) {
+  const NSEvent event;
+  EXPECT_EQ(event.type, NSEventType::mouseMoved);
+  EXPECT_EQ(event.locationInWindow, CGPoint{});
+  EXPECT_EQ(event.modifierFlags, NSEventModifierFlags::none);
+  EXPECT_EQ(event.clickCount, 0);
+  EXPECT_TRUE(event.characters.empty());
+}
+
+TEST(NSEvent, ModifierFlagsCombine) {
+  const auto flags = NSEventModifierFlags::shift | NSEventModifierFlags::command;
+  EXPECT_TRUE(contains(flags, NSEventModifierFlags::shift));
+  EXPECT_TRUE(contains(flags, NSEventModifierFlags::command));
+  EXPECT_FALSE(contains(flags, NSEventModifierFlags::control));
+  EXPECT_FALSE(contains(flags, NSEventModifierFlags::shift | NSEventModifierFlags::option));
+  EXPECT_EQ(flags & NSEventModifierFlags::shift, NSEventModifierFlags::shift);
+}
+
+}  // namespace
+}  // namespace vexel
