@@ -5,17 +5,13 @@
 #include <string>
 #include <utility>
 
+#include "CairoImage.h"
 #include "PixelBlend.h"
 #include "SymbolStamps.h"
 
 namespace vexel {
 
 namespace {
-
-cairo_status_t append(void* bytes, const unsigned char* data, unsigned int length) {
-  static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
-  return CAIRO_STATUS_SUCCESS;
-}
 
 int pixelCount(CGFloat points, CGFloat backingScale) {
   const CGFloat product = points * backingScale;
@@ -133,9 +129,7 @@ std::span<const std::uint32_t> CairoBitmapContext::pixels() {
 }
 
 std::string CairoBitmapContext::pngData() {
-  std::string bytes;
-  cairo_surface_write_to_png_stream(canvas_.surface(), append, &bytes);
-  return bytes;
+  return pngFile(canvas_.surface());
 }
 
 void CairoBitmapContext::drawSymbols(const CGPath& symbol, const CGColor* fillColor,

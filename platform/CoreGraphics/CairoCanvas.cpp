@@ -15,17 +15,23 @@ namespace vexel {
 namespace {
 
 // Cairo fills polygons wrongly from about 2e5 pixels on, without an error, and drops what its 24
-// bits before the point do not hold. Surfaces are smaller than half of this.
+// bits before the point do not hold; so do viewers of files. Surfaces are half of this at most.
 constexpr CGFloat kSafeReach = 65536;
-// Dashes are cut nearer to what is visible: each costs time and memory.
-constexpr CGFloat kDashReach = 4096;
-
-CGRect safeBox() {
-  return CGRect::make(-kSafeReach, -kSafeReach, 2 * kSafeReach, 2 * kSafeReach);
-}
+// What lies farther outside the page than this, beside the reach of the pen, is cut away.
+constexpr CGFloat kMargin = 4096;
+// Pixels to a point that a vector file has of an image that is not smoothed.
+constexpr CGFloat kFileResolution = 4;
+constexpr std::size_t kMaximumFileRepeat = 64;
+constexpr std::size_t kMaximumFilePixels = 2048;
 
 CGFloat determinant(const CGAffineTransform& t) {
   return t.a * t.d - t.b * t.c;
+}
+
+bool hasInverse(const CGAffineTransform& t) {
+  const CGFloat d = determinant(t);
+  return d != 0 && std::isfinite(d) && std::isfinite(1 / d) && std::isfinite(t.tx) &&
+         std::isfinite(t.ty);
 }
 
 // How many device units a point is long; for transforms that stretch, a mean.
@@ -53,6 +59,25 @@ CGRect toPixelEdges(const CGRect& rect) {
   return CGRect::make(left, low, right - left, high - low);
 }
 
+CGRect outwardToPixels(const CGRect& rect) {
+  const CGFloat left = std::floor(rect.minX()), low = std::floor(rect.minY());
+  return CGRect::make(left, low, std::ceil(rect.maxX()) - left, std::ceil(rect.maxY()) - low);
+}
+
+cairo_matrix_t cairoMatrix(const CGAffineTransform& t) {
+  cairo_matrix_t matrix;
+  cairo_matrix_init(&matrix, t.a, t.b, t.c, t.d, t.tx, t.ty);
+  return matrix;
+}
+
+// How often a file repeats each of `count` pixels that are `points` long in it.
+std::size_t fileRepeat(CGFloat points, std::size_t count) {
+  const std::size_t most = std::min(kMaximumFileRepeat, kMaximumFilePixels / count);
+  if (count == 1 || most < 2) return 1;
+  return static_cast<std::size_t>(
+      std::clamp(std::ceil(points * kFileResolution), 1.0, static_cast<CGFloat>(most)));
+}
+
 // Four lines around a rectangle, in either direction, closed.
 bool isRectangle(const CGPath& path) {
   const auto e = path.elements();
@@ -64,13 +89,6 @@ bool isRectangle(const CGPath& path) {
   const CGPoint a = e[0].point, b = e[1].point, c = e[2].point, d = e[3].point;
   return (a.y == b.y && b.x == c.x && c.y == d.y && d.x == a.x) ||
          (a.x == b.x && b.y == c.y && c.x == d.x && d.y == a.y);
-}
-
-// A path that fills alike and that Cairo can hold.
-CGPath safeForFill(CGPath device) {
-  const CGRect box = safeBox();
-  if (liesInside(device, box)) return device;
-  return clippedPolygons(flattenedInside(device, box), box);
 }
 
 std::vector<double> usableDashes(const CGStrokeStyle& style) {
@@ -126,15 +144,23 @@ void CairoCanvas::concatenate(const CGAffineTransform& transform) {
 }
 
 bool CairoCanvas::isDrawable() const {
-  const CGAffineTransform& t = state_.transform;
-  const CGFloat d = determinant(t);
-  return cairo_ && d != 0 && std::isfinite(d) && std::isfinite(1 / d) && std::isfinite(t.tx) &&
-         std::isfinite(t.ty);
+  return cairo_ && hasInverse(state_.transform);
+}
+
+CGRect CairoCanvas::safeBox(CGFloat pen) const {
+  const CGFloat margin = std::min(kMargin + pen, kSafeReach);
+  return page_.insetBy(-margin, -margin);
+}
+
+CGPath CairoCanvas::fillable(const CGPath& devicePath) const {
+  const CGRect box = safeBox(0);
+  if (liesInside(devicePath, box)) return devicePath;
+  return clippedPolygons(flattenedInside(devicePath, box), box);
 }
 
 void CairoCanvas::clip(const CGPath& path) {
   if (!isDrawable()) return;
-  const CGPath device = safeForFill(path.transformed(state_.transform));
+  const CGPath device = fillable(path.transformed(state_.transform));
   setPath(device);
   cairo_clip(cairo_.get());
   state_.clipIsRectangle = state_.clipIsRectangle && (isRectangle(device) || device.isEmpty());
@@ -149,15 +175,14 @@ void CairoCanvas::stroke(const CGPath& path, const CGStrokeStyle& style) {
   if (style.alignsToPixels && kind_ == Surface::pixels)
     device = alignedToPixels(device, style.width * scaleOf(state_.transform), style.cap, page_);
 
+  const CGRect box = safeBox(penReach(style) * scaleOf(state_.transform));
   if (!usableDashes(style).empty()) {
-    const CGRect box = page_.insetBy(-kDashReach, -kDashReach);
     if (liesInside(device, box)) return strokePath(device, style, style.dashPhase);
     for (const ClippedPiece& piece : clippedPieces(flattenedInside(device, box), box))
       strokePath(piece.path, style,
                  style.dashPhase + piece.lengthBefore / scaleOf(state_.transform));
     return;
   }
-  const CGRect box = safeBox();
   if (!liesInside(device, box)) device = clippedLines(flattenedInside(device, box), box);
   strokePath(device, style, 0);
 }
@@ -185,62 +210,71 @@ void CairoCanvas::strokePath(const CGPath& devicePath, const CGStrokeStyle& styl
 
 void CairoCanvas::fill(const CGPath& path, const CGColor& color) {
   if (!isDrawable()) return;
-  setPath(safeForFill(path.transformed(state_.transform)));
+  setPath(fillable(path.transformed(state_.transform)));
   setColor(color);
   cairo_fill(cairo_.get());
 }
 
 void CairoCanvas::fillAligned(const CGRect& rect, const CGColor& color) {
   if (!isDrawable() || rect.isEmpty()) return;
-  if (kind_ == Surface::vector || !isAxisAligned(state_.transform))
+  if (kind_ != Surface::pixels || !isAxisAligned(state_.transform))
     return fill(rectPath(rect), color);
-  setPath(safeForFill(rectPath(toPixelEdges(transformed(rect, state_.transform)))));
+  setPath(fillable(rectPath(toPixelEdges(transformed(rect, state_.transform)))));
   setColor(color);
   cairo_fill(cairo_.get());
 }
 
 void CairoCanvas::drawImage(const CGImage& image, const CGRect& rect) {
   if (!isDrawable() || rect.isEmpty()) return;
-  const bool isAligned = kind_ == Surface::pixels && isAxisAligned(state_.transform);
-  const CGAffineTransform& t = state_.transform;
-
-  CGPath area = rectPath(rect).transformed(t);
-  if (!liesInside(area, safeBox()) && !isAligned) return;
-  const CairoSurfaceHandle source = cairoImage(image);
-  if (!source) return;
+  const CGRect box = transformed(rect, state_.transform);
   // Row 0 of the image at the top, where y is greatest.
-  const CGFloat width = static_cast<CGFloat>(image.width());
-  const CGFloat height = static_cast<CGFloat>(image.height());
-  CGAffineTransform imageToDevice =
-      CGAffineTransform{rect.size.width / width,    0,           0,
-                        -rect.size.height / height, rect.minX(), rect.maxY()}
-          .followedBy(t);
-  if (isAligned) {
-    const CGRect before = area.boundingBox(), after = toPixelEdges(before);
-    if (after.isEmpty()) return;
-    const CGFloat sx = after.size.width / before.size.width;
-    const CGFloat sy = after.size.height / before.size.height;
-    imageToDevice = imageToDevice.followedBy(
-        {sx, 0, 0, sy, after.minX() - sx * before.minX(), after.minY() - sy * before.minY()});
-    area = safeForFill(rectPath(after));
-  }
-  paintImage(source.get(), imageToDevice, area,
-             image.layout().interpolates ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
+  const CGAffineTransform imageToRect{
+      rect.size.width / static_cast<CGFloat>(image.width()),    0,           0,
+      -rect.size.height / static_cast<CGFloat>(image.height()), rect.minX(), rect.maxY()};
+  const CGAffineTransform imageToDevice = imageToRect.followedBy(state_.transform);
+  if (!hasInverse(imageToDevice)) return;
+  if (kind_ != Surface::pixels || !isAxisAligned(state_.transform))
+    return paintImage(image, imageToDevice, rectPath(rect).transformed(state_.transform));
+
+  const CGRect aligned = toPixelEdges(box);
+  if (aligned.isEmpty()) return;
+  const CGFloat sx = aligned.size.width / box.size.width;
+  const CGFloat sy = aligned.size.height / box.size.height;
+  const CGAffineTransform imageToPixels = imageToDevice.followedBy(
+      {sx, 0, 0, sy, aligned.minX() - sx * box.minX(), aligned.minY() - sy * box.minY()});
+  if (image.layout().interpolates) return paintImage(image, imageToPixels, rectPath(aligned));
+  const CGRect seen = aligned.intersection(outwardToPixels(state_.clipBox));
+  if (seen.isEmpty()) return;
+  if (const auto pixels = sampledImage(image, imageToPixels, seen)) drawSurface(pixels.get(), 0, 0);
 }
 
-void CairoCanvas::paintImage(cairo_surface_t* image, const CGAffineTransform& imageToDevice,
-                             const CGPath& deviceArea, cairo_filter_t filter) {
-  const CGAffineTransform inverse = imageToDevice.inverted();
-  const CairoPatternHandle pattern(cairo_pattern_create_for_surface(image));
-  cairo_matrix_t matrix;
-  cairo_matrix_init(&matrix, inverse.a, inverse.b, inverse.c, inverse.d, inverse.tx, inverse.ty);
+void CairoCanvas::paintImage(const CGImage& image, const CGAffineTransform& imageToDevice,
+                             const CGPath& deviceArea) {
+  std::size_t repeatX = 1, repeatY = 1;
+  if (kind_ != Surface::pixels && !image.layout().interpolates) {
+    // Viewers smooth enlarged images, whatever the file says. Pixels that are sent enlarged stay
+    // squares; one row or column of them looks alike in any case.
+    repeatX = fileRepeat(std::hypot(imageToDevice.a, imageToDevice.b), image.width());
+    repeatY = fileRepeat(std::hypot(imageToDevice.c, imageToDevice.d), image.height());
+  }
+  const CairoSurfaceHandle source = cairoImage(image, repeatX, repeatY);
+  if (!source) return;
+  const CairoPatternHandle pattern(cairo_pattern_create_for_surface(source.get()));
+  const CGAffineTransform toSource = imageToDevice.inverted().followedBy(
+      CGAffineTransform::scale(static_cast<CGFloat>(repeatX), static_cast<CGFloat>(repeatY)));
+  const cairo_matrix_t matrix = cairoMatrix(toSource);
   cairo_pattern_set_matrix(pattern.get(), &matrix);
-  cairo_pattern_set_filter(pattern.get(), filter);
-  // At the border the last pixels go on, so that no half-transparent seam arises.
+  cairo_pattern_set_filter(pattern.get(),
+                           image.layout().interpolates ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
+  // At the border the last pixels go on, so that no half-transparent seam arises. In a file the
+  // pattern has to stay a plain image.
   if (kind_ == Surface::pixels) cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_PAD);
-  setPath(deviceArea);
+  cairo_save(cairo_.get());
+  setPath(fillable(deviceArea));
+  cairo_clip(cairo_.get());
   cairo_set_source(cairo_.get(), pattern.get());
-  cairo_fill(cairo_.get());
+  cairo_paint(cairo_.get());
+  cairo_restore(cairo_.get());
 }
 
 void CairoCanvas::drawText(const CGText& text, CGPoint origin) {
@@ -249,7 +283,8 @@ void CairoCanvas::drawText(const CGText& text, CGPoint origin) {
   const CGSize size = layout->size();
   const CGRect box = transformed({origin, size}, state_.transform);
   const CGFloat lineHeight = size.height * scaleOf(state_.transform);
-  if (box.intersection(safeBox()).isEmpty() || lineHeight < 0.01 || lineHeight > kSafeReach) return;
+  if (box.intersection(safeBox(0)).isEmpty() || lineHeight < 0.01 || lineHeight > kSafeReach)
+    return;
   // Glyphs are drawn downwards from the top.
   const CGAffineTransform toTop{1, 0, 0, -1, origin.x, origin.y + size.height};
   setMatrix(toTop.followedBy(state_.transform));
@@ -321,9 +356,7 @@ void CairoCanvas::setColor(const CGColor& color) {
 }
 
 void CairoCanvas::setMatrix(const CGAffineTransform& transform) {
-  cairo_matrix_t matrix;
-  cairo_matrix_init(&matrix, transform.a, transform.b, transform.c, transform.d, transform.tx,
-                    transform.ty);
+  const cairo_matrix_t matrix = cairoMatrix(transform);
   cairo_set_matrix(cairo_.get(), &matrix);
 }
 

@@ -18,7 +18,7 @@ namespace vexel {
 /// Cairo context never gets into an error state by what is drawn.
 class CairoCanvas {
  public:
-  enum class Surface { pixels, vector };
+  enum class Surface { pixels, pdf, svg };
 
   /// `toDevice` maps points to the surface, which shows `visible` of the device; `page` is the
   /// part of the device beyond which no surface shows anything.
@@ -62,13 +62,17 @@ class CairoCanvas {
     bool clipIsRectangle = true;
   };
 
+  /// The part of the device outside of which a line of that reach cannot be seen.
+  CGRect safeBox(CGFloat pen) const;
+  /// A path that fills alike where it can be seen, and that Cairo can hold.
+  CGPath fillable(const CGPath& devicePath) const;
   void setPath(const CGPath& devicePath);
   void setColor(const CGColor& color);
   void setMatrix(const CGAffineTransform& transform);
   void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat dashOffset);
   bool symbolMayShow(const CGRect& symbolBox) const;
-  void paintImage(cairo_surface_t* image, const CGAffineTransform& imageToDevice,
-                  const CGPath& deviceArea, cairo_filter_t filter);
+  void paintImage(const CGImage& image, const CGAffineTransform& imageToDevice,
+                  const CGPath& deviceArea);
 
   CairoSurfaceHandle surface_;
   CairoContextHandle cairo_;

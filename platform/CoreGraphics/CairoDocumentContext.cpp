@@ -9,30 +9,30 @@
 #include <CoreGraphics/CGDocumentContext.h>
 
 #include "CairoContext.h"
+#include "CairoStream.h"
+#include "SvgRewriting.h"
 
 namespace vexel {
 
 namespace {
 
-cairo_status_t append(void* bytes, const unsigned char* data, unsigned int length) {
-  static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
-  return CAIRO_STATUS_SUCCESS;
-}
-
 CairoSurfaceHandle makeSurface(CGDocumentContext::Format format, CGSize size, std::string* bytes) {
-  if (format == CGDocumentContext::Format::pdf)
-    return CairoSurfaceHandle(
-        cairo_pdf_surface_create_for_stream(append, bytes, size.width, size.height));
+  if (format == CGDocumentContext::Format::pdf) {
+    CairoSurfaceHandle surface(
+        cairo_pdf_surface_create_for_stream(appendToString, bytes, size.width, size.height));
+    cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE, "");
+    return surface;
+  }
   CairoSurfaceHandle surface(
-      cairo_svg_surface_create_for_stream(append, bytes, size.width, size.height));
+      cairo_svg_surface_create_for_stream(appendToString, bytes, size.width, size.height));
   cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PT);
   return surface;
 }
 
 class CairoDocumentContext final : public CairoContext<CGDocumentContext> {
  public:
-  CairoDocumentContext(CairoCanvas canvas, std::unique_ptr<std::string> bytes)
-      : CairoContext(std::move(canvas)), bytes_(std::move(bytes)) {}
+  CairoDocumentContext(Format format, CairoCanvas canvas, std::unique_ptr<std::string> bytes)
+      : CairoContext(std::move(canvas)), format_(format), bytes_(std::move(bytes)) {}
 
   // What is left to write goes into the bytes while they live.
   ~CairoDocumentContext() override { end(); }
@@ -50,8 +50,10 @@ class CairoDocumentContext final : public CairoContext<CGDocumentContext> {
     status_ = canvas_.finish();
     cairo_surface_finish(canvas_.surface());
     if (status_ == CAIRO_STATUS_SUCCESS) status_ = cairo_surface_status(canvas_.surface());
+    if (format_ == Format::svg) *bytes_ = rewrittenSvg(*bytes_);
   }
 
+  Format format_;
   std::unique_ptr<std::string> bytes_;
   cairo_status_t status_ = CAIRO_STATUS_SUCCESS;
   bool isFinished_ = false;
@@ -68,9 +70,10 @@ std::unique_ptr<CGDocumentContext> CGDocumentContext::create(Format format, CGSi
   if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
     throw CGContextError(cairo_status_to_string(status));
   const CGRect page{{0, 0}, size};
-  CairoCanvas canvas(std::move(surface), CairoCanvas::Surface::vector,
+  CairoCanvas canvas(std::move(surface),
+                     format == Format::pdf ? CairoCanvas::Surface::pdf : CairoCanvas::Surface::svg,
                      {1, 0, 0, -1, 0, size.height}, page, page);
-  return std::make_unique<CairoDocumentContext>(std::move(canvas), std::move(bytes));
+  return std::make_unique<CairoDocumentContext>(format, std::move(canvas), std::move(bytes));
 }
 
 }  // namespace vexel

@@ -12,7 +12,7 @@ using Type = CGPathElement::Type;
 
 // Enough to bring 1e30 down to the size of a pixel near the box; halving goes on only there.
 constexpr int kMaximumSubdivision = 120;
-constexpr CGFloat kFlatness = 0.05;
+constexpr CGFloat kFlatness = 0.01;
 
 bool isFinite(CGPoint p) {
   return std::isfinite(p.x) && std::isfinite(p.y);

@@ -9,7 +9,7 @@ namespace vexel {
 /// Whether all points of a path are finite and inside `box`.
 bool liesInside(const CGPath& path, const CGRect& box);
 
-/// A path without its curves: they become lines that leave them by at most 0.05 where they are
+/// A path without its curves: they become lines that leave them by at most 0.01 where they are
 /// near `box`, and only roughly follow them elsewhere. Curves with a point that is not finite
 /// stay.
 CGPath flattenedInside(const CGPath& path, const CGRect& box);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cairo.h>
+
+#include <string>
+
+namespace vexel {
+
+/// Takes what Cairo writes into the std::string that `bytes` points to.
+inline cairo_status_t appendToString(void* bytes, const unsigned char* data, unsigned int length) {
+  static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
+  return CAIRO_STATUS_SUCCESS;
+}
+
+}  // namespace vexel
