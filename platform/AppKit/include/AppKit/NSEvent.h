@@ -13,7 +13,7 @@ namespace vexel {
 struct NSEvent {
   NSEventType type = NSEventType::mouseMoved;
   /// Where the pointer is, in points from the window's bottom-left corner; y grows upwards.
-  CGPoint locationInWindow;
+  CGPoint locationInWindow = {};
   NSEventModifierFlags modifierFlags = NSEventModifierFlags::none;
   /// 1 for a click, 2 for a double click, and so on; 0 for events that are no clicks.
   int clickCount = 0;
@@ -22,7 +22,7 @@ struct NSEvent {
   /// The same vertically; positive moves the content down, towards what is above it.
   CGFloat scrollingDeltaY = 0;
   /// The text of a key, UTF-8; empty for other events.
-  std::string characters;
+  std::string characters = {};
   /// The number of the key on the keyboard, as the host of the window counts; 0 for other events.
   int keyCode = 0;
   /// Seconds since a moment that is the same for all events of a window.
