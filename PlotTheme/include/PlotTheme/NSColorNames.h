@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include <AppKit/NSColor.h>
+#include <CorePlot/CPTColor.h>
+
+namespace vexel {
+
+/// The colour of an English name: red, green, yellow, magenta, orange, purple, brown, lightgray,
+/// gray, darkgray, white or black, exactly as written here. Absent for any other text.
+std::optional<NSColor> getColor(std::string_view forCPTName);
+
+/// The colour for the chart engine: generic red, green, blue and alpha.
+CPTColor getCPTColor(const NSColor& color);
+
+}  // namespace vexel

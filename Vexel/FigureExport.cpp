@@ -1,0 +1,47 @@
+#include <Vexel/FigureExport.h>
+
+#include <string>
+
+#include <CoreGraphics/CGBitmapContext.h>
+#include <CoreGraphics/CGDocumentContext.h>
+
+#include "FileReplacement.h"
+
+namespace vexel {
+
+namespace {
+
+std::string documentBytes(NSView& view, CGDocumentContext::Format format) {
+  const auto context = CGDocumentContext::create(format, view.bounds().size);
+  view.display(*context);
+  return context->finish();
+}
+
+std::string bytes(NSView& view, const std::string& extension, CGFloat backingScale) {
+  if (extension == ".pdf") return documentBytes(view, CGDocumentContext::Format::pdf);
+  if (extension == ".svg") return documentBytes(view, CGDocumentContext::Format::svg);
+  const auto context = CGBitmapContext::create(view.bounds().size, backingScale);
+  view.display(*context);
+  return context->pngData();
+}
+
+}  // namespace
+
+void exportFigure(NSView& view, const std::filesystem::path& file) {
+  exportFigure(view, file, 1);
+}
+
+void exportFigure(NSView& view, const std::filesystem::path& file, CGFloat backingScale) {
+  const std::string extension = file.extension().string();
+  if (extension != ".png" && extension != ".pdf" && extension != ".svg")
+    throw FigureExportError(file.string() + ": a figure is written as .png, .pdf or .svg");
+  try {
+    replaceFile(file, bytes(view, extension, backingScale));
+  } catch (const CGContextError& error) {
+    throw FigureExportError(file.string() + ": " + error.what());
+  } catch (const std::filesystem::filesystem_error& error) {
+    throw FigureExportError(file.string() + ": " + error.code().message());
+  }
+}
+
+}  // namespace vexel

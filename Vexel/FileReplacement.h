@@ -1,0 +1,13 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace vexel {
+
+/// Writes a file of these bytes in place of the one that may be there, as a whole or not at all:
+/// through a file of a temporary name beside it. A link is followed; something that is no plain
+/// file, like a pipe, is written to. Throws std::filesystem::filesystem_error.
+void replaceFile(const std::filesystem::path& file, std::string_view bytes);
+
+}  // namespace vexel

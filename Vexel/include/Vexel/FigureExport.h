@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+
+#include <AppKit/NSView.h>
+
+namespace vexel {
+
+/// A figure that cannot be written: the file's type is unknown, its place cannot be written to,
+/// or the surface cannot be made. The text names the file. What was there before is still there,
+/// whole, and no other file is left behind.
+class FigureExportError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Draws a view with all its subviews at its present size and writes it as the file's extension
+/// says: .png at one pixel per point, .pdf or .svg. A file of the name is replaced as a whole, or
+/// not at all. Equal figures give equal bytes. Throws FigureExportError.
+void exportFigure(NSView& view, const std::filesystem::path& file);
+
+/// The same with so many pixels per point in a .png; the vector formats do not use it.
+void exportFigure(NSView& view, const std::filesystem::path& file, CGFloat backingScale);
+
+}  // namespace vexel

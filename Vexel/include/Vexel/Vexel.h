@@ -1,0 +1,120 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <AppKit/NSView.h>
+#include <CorePlot/CPTBarPlot.h>
+#include <CorePlot/CPTGraphHostingView.h>
+#include <CorePlot/CPTPlotDataSource.h>
+#include <CorePlot/CPTScatterPlot.h>
+#include <CorePlot/CPTXYGraph.h>
+#include <PlotTheme/PlotTheme.h>
+#include <Vexel/SeriesArguments.h>
+
+namespace vexel {
+
+/// What an application object adopts to draw a figure: it hosts graphs in one view as bands on
+/// top of each other, adds series to them, and is their data source. The adopter says in
+/// setupPlot, draw and refresh what is special about its figure; everything else has a default
+/// that it may replace, and every operation uses the adopter's version of the others.
+///
+/// An adopter that does not care where the state is kept derives from Adopter<Vexel>. It is made
+/// with makePlot, or constructed and then given to initPlot, and may be owned in any way: views
+/// and plots refer to it weakly. The usual order of calls is initialisation, setViews, format for
+/// each band, axes and series, then show or update. Everything runs on one thread.
+///
+/// A class that replaces one form of an overloaded operation brings the others back with a
+/// using declaration.
+class Vexel : public CPTPlotDataSource {
+ public:
+  using ViewConstraints = std::map<std::string, std::shared_ptr<NSLayoutConstraint>>;
+
+  // State. Initialisation resets all but the hosting views and graphs.
+
+  /// The host of the bands; null: there is none, and no band is made.
+  virtual std::shared_ptr<NSView>& plotView() = 0;
+  /// The bands in the order of creation: the first is the lowest.
+  virtual std::vector<std::shared_ptr<CPTGraphHostingView>>& hostingViews() = 0;
+  /// Kept by the adopter, who appends what format returns; emptied by removeViews.
+  virtual std::vector<std::shared_ptr<CPTXYGraph>>& graphs() = 0;
+  /// Every constraint of the layout by its identifier, such as "hostingView0HeightConstraint".
+  virtual ViewConstraints& viewConstraints() = 0;
+  virtual PlotTheme& theme() = 0;
+  /// Free for the adopter.
+  virtual std::string& auxiliaryText() = 0;
+  virtual std::vector<double>& auxiliaryValues() = 0;
+  /// Factors from data units to plot-space units; 1 after initialisation.
+  virtual double& xUnitScale() = 0;
+  virtual double& yUnitScale() = 0;
+
+  // The adopter's own part
+
+  /// The last step of initialisation.
+  virtual void setupPlot() = 0;
+  virtual void draw(const std::vector<double>& presented) = 0;
+  virtual void refresh(const std::vector<double>& presented) = 0;
+
+  // Life cycle
+
+  /// Resets the state, takes view and theme, and calls setupPlot. Bands and graphs stay as they
+  /// are.
+  virtual void initPlot(std::shared_ptr<NSView> plotView, PlotTheme theme);
+
+  /// Draws with nothing presented.
+  virtual void show();
+  /// Refreshes with nothing presented.
+  virtual void update();
+  /// Draws, not refreshes, what is presented.
+  virtual void update(const std::vector<double>& presented);
+
+  // Bands
+
+  /// Removes the present bands and stacks `count` new ones in the host, from the bottom up, over
+  /// its whole width. Each takes an equal part of the height without the paddings; the lowest
+  /// takes the bottom padding in addition and the highest of several the top padding, both in
+  /// points at the host's present height. A single band leaves the top padding empty. The bands
+  /// keep their proportions when the host is resized.
+  ///
+  /// Without a host only the present bands are removed. A negative count is a fatal error.
+  virtual void setViews(int count, CGFloat paddingTop, CGFloat paddingBottom);
+
+  /// Removes the bands with their graphs and constraints and empties hostingViews and graphs.
+  virtual void removeViews();
+
+  /// Makes a graph in the current theme, hosts it in the view and sets its paddings, in points:
+  /// `graphPadding` is left, right, top, bottom; `frameLayerPadding` is left, top, right, bottom.
+  /// The graph is not added to graphs.
+  ///
+  /// Null without a view, or without a plot area frame, where the graph stays hosted. Fewer than
+  /// four paddings are a fatal error; those that are there have been set.
+  virtual std::shared_ptr<CPTXYGraph> format(const std::shared_ptr<CPTGraphHostingView>& view,
+                                             const std::vector<CGFloat>& graphPadding,
+                                             const std::vector<CGFloat>& frameLayerPadding);
+
+  /// Takes a view from its superview with every constraint that names it, also out of
+  /// viewConstraints. Does nothing without a view or a superview.
+  virtual void cleanRemoveFromSuperview(const std::shared_ptr<NSView>& view);
+
+  // Series
+
+  /// Adds a series of lines or circles to the graph's default plot space, with the adopter as its
+  /// data source. Null, and nothing is done, without a graph. This form does the work for the
+  /// other two.
+  virtual std::shared_ptr<CPTScatterPlot> addPlot(const CPTColorPlotArguments& arguments);
+  virtual std::shared_ptr<CPTScatterPlot> addPlot(const NSColorPlotArguments& arguments);
+  virtual std::shared_ptr<CPTScatterPlot> addPlot(const PlotArguments& arguments);
+
+  /// Adds a series of bars in the same way.
+  virtual std::shared_ptr<CPTBarPlot> addBarPlot(const BarPlotArguments& arguments);
+
+  /// The colour of a name: red, green, blue, cyan, yellow, magenta, orange, purple, brown,
+  /// verylightgray, lightgray, gray, darkgray, white or black, exactly as written here. Absent
+  /// for any other name and for none.
+  virtual std::optional<CPTColor> getCPTColor(const std::optional<std::string>& name);
+};
+
+}  // namespace vexel
