@@ -16,6 +16,7 @@ class CairoBitmapContext final : public CairoContext<CGBitmapContext> {
   CGFloat backingScale() const override { return backingScale_; }
   std::span<const std::uint32_t> pixels() override;
   std::string pngData() override;
+  void drawText(const CGText& text, CGPoint origin) override;
   void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
                    std::span<const CGPoint> centers) override;
   std::unique_ptr<CGLayer> makeLayer(const CGRect& rect) override;

@@ -5,10 +5,12 @@
 #include <utility>
 
 #include "CairoImage.h"
+#include "GlyphMasks.h"
 #include "PangoText.h"
 #include "PenReach.h"
 #include "PixelAlignment.h"
 #include "SafePath.h"
+#include "TransformFacts.h"
 
 namespace vexel {
 
@@ -23,25 +25,6 @@ constexpr CGFloat kMargin = 4096;
 constexpr CGFloat kFileResolution = 4;
 constexpr std::size_t kMaximumFileRepeat = 64;
 constexpr std::size_t kMaximumFilePixels = 2048;
-
-CGFloat determinant(const CGAffineTransform& t) {
-  return t.a * t.d - t.b * t.c;
-}
-
-bool hasInverse(const CGAffineTransform& t) {
-  const CGFloat d = determinant(t);
-  return d != 0 && std::isfinite(d) && std::isfinite(1 / d) && std::isfinite(t.tx) &&
-         std::isfinite(t.ty);
-}
-
-// How many device units a point is long; for transforms that stretch, a mean.
-CGFloat scaleOf(const CGAffineTransform& t) {
-  return std::sqrt(std::abs(determinant(t)));
-}
-
-bool isAxisAligned(const CGAffineTransform& t) {
-  return (t.b == 0 && t.c == 0) || (t.a == 0 && t.d == 0);
-}
 
 CGPath rectPath(const CGRect& rect) {
   CGMutablePath path;
@@ -147,6 +130,10 @@ bool CairoCanvas::isDrawable() const {
   return cairo_ && hasInverse(state_.transform);
 }
 
+bool CairoCanvas::isAxisAligned() const {
+  return keepsAxes(state_.transform) || swapsAxes(state_.transform);
+}
+
 CGRect CairoCanvas::safeBox(CGFloat pen) const {
   const CGFloat margin = std::min(kMargin + pen, kSafeReach);
   return page_.insetBy(-margin, -margin);
@@ -173,14 +160,14 @@ void CairoCanvas::stroke(const CGPath& path, const CGStrokeStyle& style) {
 
   CGPath device = path.transformed(state_.transform);
   if (style.alignsToPixels && kind_ == Surface::pixels)
-    device = alignedToPixels(device, style.width * scaleOf(state_.transform), style.cap, page_);
+    device = alignedToPixels(device, style.width * meanScale(state_.transform), style.cap, page_);
 
-  const CGRect box = safeBox(penReach(style) * scaleOf(state_.transform));
+  const CGRect box = safeBox(penReach(style) * meanScale(state_.transform));
   if (!usableDashes(style).empty()) {
     if (liesInside(device, box)) return strokePath(device, style, style.dashPhase);
     for (const ClippedPiece& piece : clippedPieces(flattenedInside(device, box), box))
       strokePath(piece.path, style,
-                 style.dashPhase + piece.lengthBefore / scaleOf(state_.transform));
+                 style.dashPhase + piece.lengthBefore / meanScale(state_.transform));
     return;
   }
   if (!liesInside(device, box)) device = clippedLines(flattenedInside(device, box), box);
@@ -192,7 +179,7 @@ void CairoCanvas::strokePath(const CGPath& devicePath, const CGStrokeStyle& styl
   cairo_t* cr = cairo_.get();
   setPath(devicePath);
   setColor(style.color);
-  cairo_set_line_width(cr, std::min(style.width, kSafeReach / scaleOf(state_.transform)));
+  cairo_set_line_width(cr, std::min(style.width, kSafeReach / meanScale(state_.transform)));
   cairo_set_line_cap(cr, lineCap(style.cap));
   cairo_set_line_join(cr, lineJoin(style.join));
   cairo_set_miter_limit(cr, usableMiterLimit(style));
@@ -217,8 +204,7 @@ void CairoCanvas::fill(const CGPath& path, const CGColor& color) {
 
 void CairoCanvas::fillAligned(const CGRect& rect, const CGColor& color) {
   if (!isDrawable() || rect.isEmpty()) return;
-  if (kind_ != Surface::pixels || !isAxisAligned(state_.transform))
-    return fill(rectPath(rect), color);
+  if (kind_ != Surface::pixels || !isAxisAligned()) return fill(rectPath(rect), color);
   setPath(fillable(rectPath(toPixelEdges(transformed(rect, state_.transform)))));
   setColor(color);
   cairo_fill(cairo_.get());
@@ -233,7 +219,7 @@ void CairoCanvas::drawImage(const CGImage& image, const CGRect& rect) {
       -rect.size.height / static_cast<CGFloat>(image.height()), rect.minX(), rect.maxY()};
   const CGAffineTransform imageToDevice = imageToRect.followedBy(state_.transform);
   if (!hasInverse(imageToDevice)) return;
-  if (kind_ != Surface::pixels || !isAxisAligned(state_.transform))
+  if (kind_ != Surface::pixels || !isAxisAligned())
     return paintImage(image, imageToDevice, rectPath(rect).transformed(state_.transform));
 
   const CGRect aligned = toPixelEdges(box);
@@ -277,19 +263,37 @@ void CairoCanvas::paintImage(const CGImage& image, const CGAffineTransform& imag
   cairo_restore(cairo_.get());
 }
 
+CairoCanvas::PlacedText CairoCanvas::placedText(const CGText& text, CGPoint origin) const {
+  if (!isDrawable()) return {};
+  std::shared_ptr<const PangoText> layout = PangoText::layout(text);
+  // The layout runs downwards from its top.
+  const CGAffineTransform toDevice =
+      CGAffineTransform{1, 0, 0, -1, origin.x, origin.y + layout->size().height}.followedBy(
+          state_.transform);
+  const CGRect box = transformed({origin, layout->size()}, state_.transform);
+  const CGFloat height = layout->size().height * meanScale(toDevice);
+  constexpr CGFloat kTooSmall = 0.01;
+  const bool isVisible = hasInverse(toDevice) && height > kTooSmall && height < kSafeReach &&
+                         !box.intersection(safeBox(0)).isEmpty();
+  return isVisible ? PlacedText{std::move(layout), toDevice} : PlacedText{};
+}
+
 void CairoCanvas::drawText(const CGText& text, CGPoint origin) {
-  if (!isDrawable() || !std::isfinite(origin.x) || !std::isfinite(origin.y)) return;
-  const std::shared_ptr<const PangoText> layout = PangoText::layout(text);
-  const CGSize size = layout->size();
-  const CGRect box = transformed({origin, size}, state_.transform);
-  const CGFloat lineHeight = size.height * scaleOf(state_.transform);
-  if (box.intersection(safeBox(0)).isEmpty() || lineHeight < 0.01 || lineHeight > kSafeReach)
-    return;
-  // Glyphs are drawn downwards from the top.
-  const CGAffineTransform toTop{1, 0, 0, -1, origin.x, origin.y + size.height};
-  setMatrix(toTop.followedBy(state_.transform));
-  layout->show(cairo_.get());
+  if (const PlacedText placed = placedText(text, origin); placed.layout) show(placed);
+}
+
+void CairoCanvas::show(const PlacedText& text) {
+  setMatrix(text.toDevice);
+  text.layout->show(cairo_.get());
   cairo_new_path(cairo_.get());
+}
+
+void CairoCanvas::fillGlyph(const PlacedGlyph& glyph, const CGAffineTransform& toDevice) {
+  cairo_new_path(cairo_.get());
+  setMatrix(toDevice);
+  addGlyphPath(cairo_.get(), glyph.font, glyph.index);
+  setColor(glyph.color);
+  cairo_fill(cairo_.get());
 }
 
 void CairoCanvas::drawSymbols(const CGPath& symbol, const CGColor* fillColor,

@@ -2,12 +2,14 @@
 
 #include <cairo.h>
 
+#include <memory>
 #include <span>
 #include <vector>
 
 #include <CoreGraphics/CGContext.h>
 
 #include "CairoHandles.h"
+#include "PangoText.h"
 
 namespace vexel {
 
@@ -36,6 +38,19 @@ class CairoCanvas {
   void drawText(const CGText& text, CGPoint origin);
   void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
                    std::span<const CGPoint> centers);
+
+  struct PlacedText {
+    std::shared_ptr<const PangoText> layout;
+    CGAffineTransform toDevice;
+  };
+
+  /// The layout of a text and the way from its coordinates (y down, its top-left corner at the
+  /// origin) to the device; no layout when nothing of it can be seen.
+  PlacedText placedText(const CGText& text, CGPoint origin) const;
+  /// Shows text as text of the surface.
+  void show(const PlacedText& text);
+  /// Fills the outline of one glyph whose origin `toDevice` maps from (0, 0).
+  void fillGlyph(const PlacedGlyph& glyph, const CGAffineTransform& toDevice);
 
   cairo_surface_t* surface() const { return surface_.get(); }
   const CGAffineTransform& transform() const { return state_.transform; }
@@ -70,6 +85,7 @@ class CairoCanvas {
   void setColor(const CGColor& color);
   void setMatrix(const CGAffineTransform& transform);
   void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat dashOffset);
+  bool isAxisAligned() const;
   bool symbolMayShow(const CGRect& symbolBox) const;
   void paintImage(const CGImage& image, const CGAffineTransform& imageToDevice,
                   const CGPath& deviceArea);

@@ -27,6 +27,9 @@ struct AttributesRelease {
 struct OptionsRelease {
   void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
 };
+struct IteratorRelease {
+  void operator()(PangoLayoutIter* iterator) const { pango_layout_iter_free(iterator); }
+};
 struct ContextRelease {
   void operator()(PangoContext* context) const { g_object_unref(context); }
 };
@@ -80,10 +83,16 @@ class StyledText {
   const std::string& characters() const { return characters_; }
   PangoAttrList* attributes() const { return attributes_.get(); }
 
+  CGColor colorAt(std::size_t byte) const {
+    const auto next = std::ranges::upper_bound(runs_, byte, {}, &Run::start);
+    return std::prev(next)->color;
+  }
+
  private:
   void add(const CGTextRun& run, CGFloat size) {
     const std::size_t start = characters_.size();
     characters_ += validUtf8(run.text);
+    runs_.push_back({start, run.color});
     const auto apply = [&](PangoAttribute* attribute) {
       attribute->start_index = static_cast<guint>(start);
       attribute->end_index = static_cast<guint>(characters_.size());
@@ -106,9 +115,45 @@ class StyledText {
     apply(pango_attr_foreground_alpha_new(std::max<guint16>(1, component(run.color.alpha()))));
   }
 
+  struct Run {
+    std::size_t start;
+    CGColor color;
+  };
+
   std::string characters_;
+  std::vector<Run> runs_;
   std::unique_ptr<PangoAttrList, AttributesRelease> attributes_;
 };
+
+CGFloat points(int units) {
+  return static_cast<CGFloat>(units) / PANGO_SCALE;
+}
+
+std::vector<PlacedGlyph> placedGlyphs(PangoLayout* layout, const StyledText& text) {
+  std::vector<PlacedGlyph> result;
+  const std::unique_ptr<PangoLayoutIter, IteratorRelease> iterator(pango_layout_get_iter(layout));
+  do {
+    const PangoGlyphItem* run = pango_layout_iter_get_run_readonly(iterator.get());
+    // The end of each line is a run without glyphs.
+    if (!run) continue;
+    PangoRectangle logical;
+    pango_layout_iter_get_run_extents(iterator.get(), nullptr, &logical);
+    const int baseline = pango_layout_iter_get_run_baseline(iterator.get());
+    const CGColor color = text.colorAt(static_cast<std::size_t>(run->item->offset));
+    int pen = logical.x;
+    for (int i = 0; i < run->glyphs->num_glyphs; ++i) {
+      const PangoGlyphInfo& glyph = run->glyphs->glyphs[i];
+      const auto& geometry = glyph.geometry;
+      if (glyph.glyph != PANGO_GLYPH_EMPTY)
+        result.push_back({run->item->analysis.font,
+                          glyph.glyph,
+                          {points(pen + geometry.x_offset), points(baseline + geometry.y_offset)},
+                          color});
+      pen += geometry.width;
+    }
+  } while (pango_layout_iter_next_run(iterator.get()));
+  return result;
+}
 
 // Equal texts, and only those, have equal keys.
 std::string key(const CGText& text) {
@@ -183,9 +228,10 @@ PangoText::PangoText(const CGText& text) {
   pango_layout_set_alignment(layout_.get(), alignment(text.alignment));
   PangoRectangle logical;
   pango_layout_get_extents(layout_.get(), nullptr, &logical);
-  size_ = {static_cast<CGFloat>(logical.width) / PANGO_SCALE,
-           static_cast<CGFloat>(logical.height) / PANGO_SCALE};
-  baseline_ = static_cast<CGFloat>(pango_layout_get_baseline(layout_.get())) / PANGO_SCALE;
+  size_ = {points(logical.width), points(logical.height)};
+  glyphs_ = placedGlyphs(layout_.get(), styled);
+  hasOutlines_ = std::ranges::none_of(
+      glyphs_, [](const PlacedGlyph& g) { return (g.index & PANGO_GLYPH_UNKNOWN_FLAG) != 0; });
 }
 
 void PangoText::show(cairo_t* context) const {

@@ -3,14 +3,27 @@
 #include <cairo.h>
 #include <pango/pango.h>
 
+#include <cstdint>
 #include <memory>
+#include <span>
+#include <vector>
 
+#include <CoreGraphics/CGPoint.h>
 #include <CoreGraphics/CGText.h>
 
 namespace vexel {
 
 struct PangoRelease {
   void operator()(PangoLayout* layout) const { g_object_unref(layout); }
+};
+
+/// A glyph of a laid out text, its origin in points from the top-left corner, y down. The font is
+/// the layout's.
+struct PlacedGlyph {
+  PangoFont* font;
+  std::uint32_t index;
+  CGPoint origin;
+  CGColor color;
 };
 
 /// Text whose lines and glyphs have been placed. Positions are those of an unhinted font at one
@@ -20,8 +33,9 @@ class PangoText {
   explicit PangoText(const CGText& text);
 
   CGSize size() const { return size_; }
-  /// Distance of the first line's baseline from the top, in points.
-  CGFloat baseline() const { return baseline_; }
+  std::span<const PlacedGlyph> glyphs() const { return glyphs_; }
+  /// False when some character has no glyph in any font, and a box with its number is shown.
+  bool hasOutlines() const { return hasOutlines_; }
   /// Shows the text in the present coordinates of `context`, which run downwards here, with its
   /// top-left corner at (0, 0).
   void show(cairo_t* context) const;
@@ -32,7 +46,8 @@ class PangoText {
  private:
   std::unique_ptr<PangoLayout, PangoRelease> layout_;
   CGSize size_;
-  CGFloat baseline_ = 0;
+  std::vector<PlacedGlyph> glyphs_;
+  bool hasOutlines_ = true;
 };
 
 }  // namespace vexel

@@ -23,14 +23,6 @@ struct PhaseMasks {
   Coverage stroke;
 };
 
-std::uint32_t premultiplied(const CGColor& color) {
-  const auto part = [](double v) { return v > 0 ? std::min(v, 1.0) : 0.0; };
-  const double alpha = part(color.alpha());
-  const auto byte = [](double v) { return static_cast<std::uint32_t>(std::lround(v * 255)); };
-  return byte(alpha) << 24 | byte(part(color.red()) * alpha) << 16 |
-         byte(part(color.green()) * alpha) << 8 | byte(part(color.blue()) * alpha);
-}
-
 // Only what a stroke covers, not its colour.
 CGStrokeStyle shapeOf(CGStrokeStyle style) {
   style.color = kOpaque;
@@ -136,10 +128,10 @@ std::unique_ptr<SymbolStamps> SymbolStamps::create(const SymbolLook& look,
 
 SymbolStamps::SymbolStamps(std::shared_ptr<Shape> shape, const SymbolLook& look)
     : shape_(std::move(shape)),
-      fillPixel_(look.fillColor ? premultiplied(*look.fillColor) : 0),
-      strokePixel_(look.strokeStyle ? premultiplied(look.strokeStyle->color) : 0) {}
+      fillPixel_(look.fillColor ? premultipliedPixel(*look.fillColor) : 0),
+      strokePixel_(look.strokeStyle ? premultipliedPixel(look.strokeStyle->color) : 0) {}
 
-const SymbolStamp& SymbolStamps::stamp(int phaseX, int phaseY) {
+const PixelStamp& SymbolStamps::stamp(int phaseX, int phaseY) {
   auto& known = stamps_[static_cast<std::size_t>(phaseY * kPhases + phaseX)];
   if (known) return *known;
 
@@ -162,7 +154,7 @@ const SymbolStamp& SymbolStamps::stamp(int phaseX, int phaseY) {
       bottom = std::max(bottom, y + 1);
     }
   }
-  known = std::make_unique<SymbolStamp>();
+  known = std::make_unique<PixelStamp>();
   if (left >= right) return *known;
   *known = {left - side / 2, top - side / 2, right - left, bottom - top, {}};
   for (int y = top; y < bottom; ++y)

@@ -3,12 +3,13 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 #include <CoreGraphics/CGAffineTransform.h>
 #include <CoreGraphics/CGColor.h>
 #include <CoreGraphics/CGPath.h>
 #include <CoreGraphics/CGStrokeStyle.h>
+
+#include "PixelTarget.h"
 
 namespace vexel {
 
@@ -17,15 +18,6 @@ struct SymbolLook {
   const CGPath& path;
   const CGColor* fillColor;
   const CGStrokeStyle* strokeStyle;
-};
-
-/// A symbol as pixels, premultiplied, around the pixel that holds its centre.
-struct SymbolStamp {
-  int left = 0;
-  int top = 0;
-  int width = 0;
-  int height = 0;
-  std::vector<std::uint32_t> pixels;
 };
 
 /// The stamps of one symbol for centres at all places within a pixel, to an eighth of a pixel,
@@ -44,7 +36,7 @@ class SymbolStamps {
 
   /// The stamp for a centre `phaseX` eighths to the right and `phaseY` eighths below the corner
   /// of its pixel.
-  const SymbolStamp& stamp(int phaseX, int phaseY);
+  const PixelStamp& stamp(int phaseX, int phaseY);
 
  private:
   struct Shape;
@@ -54,7 +46,7 @@ class SymbolStamps {
   std::shared_ptr<Shape> shape_;
   std::uint32_t fillPixel_;
   std::uint32_t strokePixel_;
-  std::array<std::unique_ptr<SymbolStamp>, kPhases * kPhases> stamps_;
+  std::array<std::unique_ptr<PixelStamp>, kPhases * kPhases> stamps_;
 };
 
 }  // namespace vexel

@@ -1,0 +1,85 @@
+#include "PixelTarget.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "PixelBlend.h"
+
+namespace vexel {
+
+namespace {
+
+// Cairo cannot tell what is nearer than this to the edge of a pixel.
+constexpr CGFloat kEdge = 1.0 / 512;
+
+int roundedUp(CGFloat v) {
+  return static_cast<int>(std::ceil(v - kEdge));
+}
+int roundedDown(CGFloat v) {
+  return static_cast<int>(std::floor(v + kEdge));
+}
+
+}  // namespace
+
+PixelTarget::PixelTarget(const CairoCanvas& canvas) : surface_(canvas.surface()) {
+  cairo_surface_flush(surface_);
+  pixels_ = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface_));
+  rowLength_ = cairo_image_surface_get_stride(surface_) / 4;
+  left_ = static_cast<int>(canvas.visible().minX());
+  top_ = static_cast<int>(canvas.visible().minY());
+  const CGRect& clip = canvas.clipBox();
+  whole_ = {roundedUp(clip.minX()), roundedUp(clip.minY()), roundedDown(clip.maxX()),
+            roundedDown(clip.maxY())};
+  touched_ = {roundedDown(clip.minX()), roundedDown(clip.minY()), roundedUp(clip.maxX()),
+              roundedUp(clip.maxY())};
+}
+
+PixelTarget::~PixelTarget() {
+  cairo_surface_mark_dirty(surface_);
+}
+
+template <class Shape>
+PixelTarget::Box PixelTarget::visiblePart(const Shape& shape, int x, int y) const {
+  return {std::max(shape.left + x, touched_.left), std::max(shape.top + y, touched_.top),
+          std::min(shape.left + x + shape.width, touched_.right),
+          std::min(shape.top + y + shape.height, touched_.bottom)};
+}
+
+template <class Shape>
+bool PixelTarget::canTake(const Shape& shape, int x, int y) const {
+  const Box part = visiblePart(shape, x, y);
+  if (part.left >= part.right || part.top >= part.bottom) return true;
+  return part.left >= whole_.left && part.right <= whole_.right && part.top >= whole_.top &&
+         part.bottom <= whole_.bottom;
+}
+
+std::uint32_t* PixelTarget::row(int y) const {
+  return pixels_ + (y - top_) * rowLength_ - left_;
+}
+
+bool PixelTarget::blend(const PixelStamp& stamp, int x, int y) {
+  if (!canTake(stamp, x, y)) return false;
+  const Box part = visiblePart(stamp, x, y);
+  for (int v = part.top; v < part.bottom; ++v) {
+    const std::uint32_t* from =
+        stamp.pixels.data() + (v - stamp.top - y) * stamp.width - stamp.left - x;
+    std::uint32_t* to = row(v);
+    for (int u = part.left; u < part.right; ++u) to[u] = pixelOver(from[u], to[u]);
+  }
+  return true;
+}
+
+bool PixelTarget::blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y) {
+  if (!canTake(mask, x, y)) return false;
+  const Box part = visiblePart(mask, x, y);
+  for (int v = part.top; v < part.bottom; ++v) {
+    const std::uint8_t* from =
+        mask.coverage.data() + (v - mask.top - y) * mask.width - mask.left - x;
+    std::uint32_t* to = row(v);
+    for (int u = part.left; u < part.right; ++u)
+      to[u] = pixelOver(scaledPixel(premultipliedColor, from[u]), to[u]);
+  }
+  return true;
+}
+
+}  // namespace vexel

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "CairoCanvas.h"
+
+namespace vexel {
+
+/// Premultiplied pixels around a place; `left` and `top` are those of the first one.
+struct PixelStamp {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint32_t> pixels;
+};
+
+/// How much a shape covers of each pixel around a place, 0 to 255.
+struct CoverageMask {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint8_t> coverage;
+};
+
+/// The pixels below a canvas, to be written without Cairo while this object lives, through the
+/// canvas's clip, which has to be a rectangle. Places are pixels in device coordinates.
+class PixelTarget {
+ public:
+  explicit PixelTarget(const CairoCanvas& canvas);
+  ~PixelTarget();
+  PixelTarget(const PixelTarget&) = delete;
+  PixelTarget& operator=(const PixelTarget&) = delete;
+
+  /// Lays a stamp, or a mask in one colour, over the pixels around (x, y). False, and nothing is
+  /// drawn, when it meets pixels of which the clip leaves only a part.
+  bool blend(const PixelStamp& stamp, int x, int y);
+  bool blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y);
+
+  /// Lets `draw` use Cairo in between.
+  template <class Draw>
+  void suspendFor(Draw draw) {
+    cairo_surface_mark_dirty(surface_);
+    draw();
+    cairo_surface_flush(surface_);
+  }
+
+ private:
+  struct Box {
+    int left, top, right, bottom;
+  };
+
+  template <class Shape>
+  bool canTake(const Shape& shape, int x, int y) const;
+  template <class Shape>
+  Box visiblePart(const Shape& shape, int x, int y) const;
+  std::uint32_t* row(int y) const;
+
+  cairo_surface_t* surface_;
+  std::uint32_t* pixels_;
+  std::ptrdiff_t rowLength_;
+  int left_, top_;
+  // Pixels that the clip leaves whole, and those that it leaves at least in part.
+  Box whole_, touched_;
+};
+
+}  // namespace vexel
