@@ -2,14 +2,15 @@
 PRESETS := release debug asan coverage
 EXPLORER := build/release/examples/impact-explorer/impact-explorer
 
-.PHONY: help demo test check setup format headers tidy $(PRESETS:%=build-%) $(PRESETS:%=test-%)
+.PHONY: help demo test check format setup setup-check headers tidy \
+        $(PRESETS:%=build-%) $(PRESETS:%=test-%)
 
 help:
 	@echo "make demo     draw the example figures into build/demo/"
 	@echo "make test     build and run the tests"
-	@echo "make check    what a change has to pass: tests, sanitizers, format, lone headers, lint"
+	@echo "make check    all that a change has to pass; the tests are a part of it"
 	@echo "make format   put the sources into the common format"
-	@echo "More: build-PRESET and test-PRESET for the presets $(PRESETS)"
+	@echo "build-PRESET and test-PRESET exist for the presets $(PRESETS)."
 
 demo: build-release
 	@mkdir -p build/demo
@@ -23,7 +24,10 @@ test: test-release
 
 check: setup-check
 	@tools/check-tree
-	@$(MAKE) --no-print-directory test headers tidy test-asan
+	@$(MAKE) --no-print-directory test-release headers tidy test-asan
+
+format: setup-check
+	@git ls-files '*.h' '*.cpp' | xargs clang-format -i
 
 setup:
 	@tools/setup
@@ -40,3 +44,14 @@ $(PRESETS:%=build-%): build-%: build/%/build.ninja
 
 $(PRESETS:%=test-%): test-%: build-%
 	@ctest --preset $*
+
+# Every public header compiles alone.
+headers: build/release/build.ninja
+	@cmake --build --preset release --target headers
+
+# Lint runs beside the compiler, in a tree of its own, on what changed since it was last clean.
+tidy: build/tidy/build.ninja
+	@cmake --build build/tidy --target vexel examples/all
+
+build/tidy/build.ninja: CMakePresets.json | setup-check
+	@cmake --preset debug -B build/tidy -DCMAKE_CXX_CLANG_TIDY="clang-tidy-16;--quiet"

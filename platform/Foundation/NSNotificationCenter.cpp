@@ -11,8 +11,8 @@ NSNotificationCenter& NSNotificationCenter::defaultCenter() {
 
 void NSNotificationCenter::addObserver(NSObject& observer, std::string name, Handler handler) {
   std::erase_if(registrations_, [](const auto& r) { return !r->observer; });
-  registrations_.push_back(std::make_shared<Registration>(
-      Registration{&observer, std::move(name), std::move(handler)}));
+  registrations_.push_back(
+      std::make_shared<Registration>(Registration{&observer, std::move(name), std::move(handler)}));
 }
 
 void NSNotificationCenter::removeObserver(const NSObject& observer) {

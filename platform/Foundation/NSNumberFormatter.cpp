@@ -9,7 +9,9 @@ namespace vexel {
 
 namespace {
 
-int accepted(int digits) { return std::clamp(digits, 0, NSNumberFormatter::kMaximumDigits); }
+int accepted(int digits) {
+  return std::clamp(digits, 0, NSNumberFormatter::kMaximumDigits);
+}
 
 }  // namespace
 
