@@ -1,6 +1,7 @@
 #include <AppKit/NSView.h>
 
 #include <algorithm>
+#include <utility>
 
 #include <AppKit/NSWindow.h>
 #include <Foundation/FatalError.h>
@@ -36,17 +37,18 @@ void NSView::addSubview(std::shared_ptr<NSView> view) {
   if (!view) return;
   if (isDescendantOf(*view)) fatalError("a view cannot be added to itself or to a view inside it");
 
-  if (view->superview_.get() == this) {
+  NSView& added = *view;
+  if (added.superview_.get() == this) {
     const auto place = std::find(subviews_.begin(), subviews_.end(), view);
     std::rotate(place, place + 1, subviews_.end());
   } else {
-    view->removeFromSuperview();
-    view->superview_ = this;
-    subviews_.push_back(view);
+    added.removeFromSuperview();
+    added.superview_ = this;
+    subviews_.push_back(std::move(view));
     markConstraintsStale();
   }
-  setNeedsDisplayInRect(view->frame_);
-  view->setNeedsDisplay(true);
+  setNeedsDisplayInRect(added.frame_);
+  added.setNeedsDisplay(true);
 }
 
 void NSView::removeFromSuperview() {

@@ -15,12 +15,13 @@ NSWindow::~NSWindow() = default;
 void NSWindow::setContentView(std::shared_ptr<NSView> view) {
   if (view == contentView_) return;
   if (view) view->removeFromSuperview();
-  const auto former = std::exchange(contentView_, view);
-  if (former) former->window_ = nullptr;
-  if (!view) return;
-  view->window_ = this;
-  view->setFrame({{}, contentSize_});
-  view->setNeedsDisplay(true);
+  if (contentView_) contentView_->window_ = nullptr;
+  const auto former = std::exchange(contentView_, std::move(view));
+  const auto shown = contentView_;
+  if (!shown) return;
+  shown->window_ = this;
+  shown->setFrame({{}, contentSize_});
+  shown->setNeedsDisplay(true);
 }
 
 void NSWindow::setContentSize(CGSize size) {

@@ -82,6 +82,19 @@ TEST(NSView, AddingToASecondSuperviewRemovesFromTheFirst) {
   EXPECT_EQ(view->superview(), second);
 }
 
+TEST(NSView, ASubviewCanBeGivenByTheListItIsIn) {
+  const auto first = std::make_shared<NSView>();
+  const auto second = std::make_shared<NSView>();
+  first->addSubview(std::make_shared<NSView>());
+  first->addSubview(std::make_shared<NSView>());
+  const auto moved = first->subviews()[0];
+  second->addSubview(first->subviews()[0]);
+  EXPECT_THAT(second->subviews(), ElementsAre(moved));
+  EXPECT_EQ(first->subviews().size(), 1u);
+  first->addSubview(first->subviews()[0]);
+  EXPECT_EQ(first->subviews().size(), 1u);
+}
+
 TEST(NSView, ASubviewOwnedByItsSuperviewAloneIsDestroyedOnRemoval) {
   const auto host = std::make_shared<NSView>();
   host->addSubview(std::make_shared<NSView>());
