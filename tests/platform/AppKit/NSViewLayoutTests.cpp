@@ -518,6 +518,7 @@ RC_GTEST_PROP(NSView, BandsInAChainFillTheHostLikeProportionalOnes, ()) {
   }
   add(*below, top, *host, top);
   host->setFrameSize({10, hostHeight});
+  host->layoutSubtreeIfNeeded();
   for (int i = 0; i < count; ++i) {
     const CGRect frame = host->subviews()[i]->frame();
     RC_ASSERT(std::abs(frame.size.height - hostHeight / count) <= 1e-9 * hostHeight);
