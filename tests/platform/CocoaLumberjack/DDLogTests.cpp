@@ -208,7 +208,7 @@ TEST_F(DDLogTest, AMessageOfDdLogTellsItsPlaceAndTime) {
   const auto recorder = addRecorder();
   const auto before = std::chrono::system_clock::now();
   ddLog(DDLogFlag::error, [] { return std::string("text"); });
-  const auto line = std::source_location::current().line() - 1;
+  const std::uint32_t line = __LINE__ - 1;
 
   ASSERT_EQ(recorder->messages().size(), 1);
   const auto m = recorder->messages().front();
@@ -217,7 +217,7 @@ TEST_F(DDLogTest, AMessageOfDdLogTellsItsPlaceAndTime) {
   EXPECT_EQ(m.flag, DDLogFlag::error);
   EXPECT_EQ(m.context, 0);
   EXPECT_EQ(m.file, "DDLogTests.cpp");
-  EXPECT_THAT(m.function, HasSubstr("AMessageOfDdLogTellsItsPlaceAndTime"));
+  EXPECT_EQ(m.function, "TestBody");
   EXPECT_EQ(m.line, line);
   EXPECT_FALSE(m.tag.has_value());
   EXPECT_EQ(m.options, 0);

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <source_location>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -68,18 +68,21 @@ class DDLog {
 /// called at all. What it throws passes to the caller.
 ///
 ///     ddLog(DDLogFlag::verbose, [&] { return "Vexel.addPlot: identifier -> " + identifier; });
+///
+/// The last three arguments are the place of the call and are not meant to be given.
 template <class MakeMessage>
 requires std::convertible_to<std::invoke_result_t<MakeMessage>, std::string>
-void ddLog(DDLogFlag flag, MakeMessage&& makeMessage,
-           std::source_location where = std::source_location::current()) {
+void ddLog(DDLogFlag flag, MakeMessage&& makeMessage, std::string_view path = __builtin_FILE(),
+           std::string_view function = __builtin_FUNCTION(),
+           std::uint32_t line = __builtin_LINE()) {
+  // The built-ins stand in for std::source_location, which Clang 14 lacks.
   if (!includes(DDLog::dynamicLevel(), flag)) return;
-  const std::string_view path = where.file_name();
   DDLog::sharedInstance().log({
       .message = std::invoke(std::forward<MakeMessage>(makeMessage)),
       .flag = flag,
       .file = std::string(path.substr(path.rfind('/') + 1)),
-      .function = where.function_name(),
-      .line = where.line(),
+      .function = std::string(function),
+      .line = line,
   });
 }
 
