@@ -43,32 +43,56 @@ CGFloat acrossOf(CPTCoordinate coordinate, CGSize size) {
 }
 
 CGFloat linePosition(const CPTXYAxis& axis, CGFloat across) {
-  if (axis.axisConstraints()) return axis.axisConstraints()->position(0, across);
+  if (axis.axisConstraints()) {
+    const CGFloat pinned = axis.axisConstraints()->position(0, across);
+    return std::isfinite(pinned) ? pinned : 0;
+  }
   const auto other = axis.coordinate() == CPTCoordinate::X ? CPTCoordinate::Y : CPTCoordinate::X;
   const CGFloat position =
       axis.plotSpace()->scale(other, across).position(axis.orthogonalPosition());
   return std::isnan(position) ? 0 : std::clamp(position, 0.0, across);
 }
 
+/// The place of a value along the axis; absent outside the plot area.
+std::optional<CGFloat> positionInside(double value, const AxisScale& scale) {
+  const CGFloat position = scale.position(value);
+  const bool isInside = position >= -kEdgeTolerance && position <= scale.extent + kEdgeTolerance;
+  if (!isInside) return std::nullopt;
+  return std::clamp(position, 0.0, scale.extent);
+}
+
 std::vector<CGFloat> positionsInside(const std::vector<double>& values, const AxisScale& scale) {
   std::vector<CGFloat> positions;
-  for (const double value : values) {
-    const CGFloat position = scale.position(value);
-    if (position >= -kEdgeTolerance && position <= scale.extent + kEdgeTolerance)
-      positions.push_back(std::clamp(position, 0.0, scale.extent));
-  }
+  for (const double value : values)
+    if (const auto position = positionInside(value, scale)) positions.push_back(*position);
   return positions;
+}
+
+std::vector<double> valuesInside(const std::set<double>& values, const AxisScale& scale) {
+  std::vector<double> inside;
+  for (const double value : values)
+    if (positionInside(value, scale)) inside.push_back(value);
+  return inside;
+}
+
+/// How many ticks an axis of that length has room for.
+int tickRoom(CGFloat extent) {
+  return 2 + static_cast<int>(std::clamp(extent / kClosestTicks, 0.0, 1e4));
 }
 
 /// The labels of an axis in ascending order of their places: those set by hand, or those that the
 /// formatter gives for the ticks.
-std::vector<std::shared_ptr<CPTAxisLabel>> labelsOf(const CPTAxis& axis, const Ticks& ticks) {
+std::vector<std::shared_ptr<CPTAxisLabel>> labelsOf(const CPTAxis& axis, const Ticks& ticks,
+                                                    CGFloat extent) {
   std::vector<std::shared_ptr<CPTAxisLabel>> labels;
   if (axis.labelingPolicy() == CPTAxisLabelingPolicy::none) {
     labels = axis.axisLabels();
+    std::erase_if(labels, [](const auto& label) { return std::isnan(label->tickLocation()); });
   } else if (axis.labelFormatter()) {
     const CPTTextStyle style = axis.labelTextStyle().value_or(CPTTextStyle{});
-    for (const double tick : ticks.major) {
+    const std::size_t step = 1 + ticks.major.size() / static_cast<std::size_t>(tickRoom(extent));
+    for (std::size_t i = 0; i < ticks.major.size(); i += step) {
+      const double tick = ticks.major[i];
       const std::string text = axis.labelFormatter()->string(tick);
       if (text.empty()) continue;
       labels.push_back(std::make_shared<CPTAxisLabel>(text, style));
@@ -115,15 +139,14 @@ CGFloat placeLabels(const CPTXYAxis& axis, const AxisScale& scale, const Ticks& 
   const CGFloat sign = static_cast<CGFloat>(side);
   CGFloat reach = tickReach(axis, side);
   const CGFloat tickEnd = reach;
-  for (const auto& label : labelsOf(axis, ticks)) {
-    if (!label->contentLayer()) continue;
-    const auto place = positionsInside({label->tickLocation()}, scale);
-    if (place.empty()) continue;
+  for (const auto& label : labelsOf(axis, ticks, layout.along)) {
+    const auto place = positionInside(label->tickLocation(), scale);
+    if (!place || !label->contentLayer()) continue;
     const CGSize box = turned(label->contentLayer()->frame().size, label->rotation());
     const CGFloat depth = acrossOf(axis.coordinate(), box);
     const CGFloat distance = tickEnd + label->offset();
     layout.labels.push_back({label->contentLayer(),
-                             layout.point(place[0], layout.line + sign * (distance + depth / 2)),
+                             layout.point(*place, layout.line + sign * (distance + depth / 2)),
                              label->rotation()});
     reach = std::max(reach, distance + depth);
   }
@@ -150,29 +173,39 @@ void placeTitle(const CPTXYAxis& axis, CGFloat labelReach, AxisLayout& layout) {
 }
 
 /// Lines across the axis from one place across to another, one path for all.
-void drawLines(CGContext& context, const std::optional<CPTLineStyle>& style,
-               const AxisLayout& layout, const std::vector<CGFloat>& places, CGFloat from,
-               CGFloat to) {
-  if (!style || places.empty() || from == to) return;
+void drawLines(CGContext& context, CGStrokeStyle style, const AxisLayout& layout,
+               const std::vector<CGFloat>& places, CGFloat from, CGFloat to) {
+  if (places.empty() || from == to || !std::isfinite(from) || !std::isfinite(to)) return;
   CGMutablePath path;
   for (const CGFloat place : places) {
     path.move(layout.point(place, from));
     path.addLine(layout.point(place, to));
   }
-  CGStrokeStyle stroke = style->strokeStyle();
-  stroke.alignsToPixels = true;
-  context.stroke(path, stroke);
+  style.alignsToPixels = true;
+  context.stroke(path, style);
 }
 
 void drawTicks(CGContext& context, const std::optional<CPTLineStyle>& style, CPTSign direction,
                CGFloat length, const AxisLayout& layout, const std::vector<CGFloat>& places) {
-  const CGFloat below = direction == CPTSign::positive   ? 0
-                        : direction == CPTSign::negative ? length
-                                                         : length / 2;
-  drawLines(context, style, layout, places, layout.line - below, layout.line - below + length);
+  if (!style) return;
+  CGStrokeStyle stroke = style->strokeStyle();
+  if (direction == CPTSign::none)
+    return drawLines(context, stroke, layout, places, layout.line - length / 2,
+                     layout.line + length / 2);
+  // With square caps both ends are placed as the axis line is, so that ticks on opposite sides
+  // show the same length.
+  if (stroke.cap == CGLineCap::butt) stroke.cap = CGLineCap::square;
+  drawLines(context, stroke, layout, places, layout.line,
+            layout.line + static_cast<CGFloat>(direction) * length);
+}
+
+void drawGrid(CGContext& context, const std::optional<CPTLineStyle>& style,
+              const AxisLayout& layout, const std::vector<CGFloat>& places) {
+  if (style) drawLines(context, style->strokeStyle(), layout, places, 0, layout.across);
 }
 
 void drawText(CGContext& context, const AxisLayout::Text& text) {
+  if (!std::isfinite(text.center.x) || !std::isfinite(text.center.y)) return;
   const CGSize size = text.content->frame().size;
   const CGSavedState state(context);
   context.translate(text.center.x, text.center.y);
@@ -185,25 +218,25 @@ void drawText(CGContext& context, const AxisLayout::Text& text) {
 
 Ticks visibleTicks(const CPTAxis& axis, CGFloat extent) {
   const CPTPlotRange& range = axis.plotSpace()->range(axis.coordinate());
+  const AxisScale scale = axis.plotSpace()->scale(axis.coordinate(), extent);
   const double lower = range.minLimitDouble();
   const double upper = range.maxLimitDouble();
-  const bool isLog = axis.plotSpace()->scaleType(axis.coordinate()) == CPTScaleType::log;
-  const int room = 2 + static_cast<int>(std::clamp(extent / kClosestTicks, 0.0, 1e4));
+  const int room = tickRoom(extent);
   switch (axis.labelingPolicy()) {
     case CPTAxisLabelingPolicy::none:
     case CPTAxisLabelingPolicy::locationsProvided:
-      return {{axis.majorTickLocations().begin(), axis.majorTickLocations().end()},
-              {axis.minorTickLocations().begin(), axis.minorTickLocations().end()}};
+      return {valuesInside(axis.majorTickLocations(), scale),
+              valuesInside(axis.minorTickLocations(), scale)};
     case CPTAxisLabelingPolicy::fixedInterval:
-      if (isLog) return logarithmicTicks(lower, upper, room);
+      if (scale.logarithmic) return logarithmicTicks(lower, upper, room);
       return fixedIntervalTicks(lower, upper, axis.majorIntervalLength(), axis.labelingOrigin(),
                                 axis.minorTicksPerInterval(), room);
     case CPTAxisLabelingPolicy::automatic:
-      if (isLog) return logarithmicTicks(lower, upper, room);
+      if (scale.logarithmic) return logarithmicTicks(lower, upper, room);
       return automaticTicks(lower, upper, axis.preferredNumberOfMajorTicks(),
                             axis.minorTicksPerInterval(), room);
     case CPTAxisLabelingPolicy::equalDivisions:
-      return equalDivisionTicks(lower, upper, axis.preferredNumberOfMajorTicks(),
+      return equalDivisionTicks(lower, upper, std::min(axis.preferredNumberOfMajorTicks(), room),
                                 axis.minorTicksPerInterval());
   }
   return {};
@@ -227,11 +260,11 @@ std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea) {
 }
 
 void drawMinorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout) {
-  drawLines(context, axis.minorGridLineStyle(), layout, layout.minorTicks, 0, layout.across);
+  drawGrid(context, axis.minorGridLineStyle(), layout, layout.minorTicks);
 }
 
 void drawMajorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout) {
-  drawLines(context, axis.majorGridLineStyle(), layout, layout.majorTicks, 0, layout.across);
+  drawGrid(context, axis.majorGridLineStyle(), layout, layout.majorTicks);
 }
 
 void drawLineAndTicks(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout) {
@@ -250,8 +283,11 @@ void drawLineAndTicks(CGContext& context, const CPTXYAxis& axis, const AxisLayou
   context.stroke(path, stroke);
 }
 
-void drawLabelsAndTitle(CGContext& context, const AxisLayout& layout) {
+void drawLabels(CGContext& context, const AxisLayout& layout) {
   for (const auto& label : layout.labels) drawText(context, label);
+}
+
+void drawAxisTitle(CGContext& context, const AxisLayout& layout) {
   if (layout.title) drawText(context, *layout.title);
 }
 

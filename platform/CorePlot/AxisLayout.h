@@ -42,7 +42,8 @@ std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea);
 void drawMinorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
 void drawMajorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
 void drawLineAndTicks(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
-void drawLabelsAndTitle(CGContext& context, const AxisLayout& layout);
+void drawLabels(CGContext& context, const AxisLayout& layout);
+void drawAxisTitle(CGContext& context, const AxisLayout& layout);
 
 /// The ticks that the axis shows, in plot-space units: those of its labelling policy inside the
 /// visible range, no more than an axis of `extent` points has room for.

@@ -6,6 +6,13 @@
 
 namespace vexel {
 
+namespace {
+
+// Content whose centre is farther from the plot area's corner cannot be seen, in points.
+constexpr CGFloat kFarthestCenter = 1e6;
+
+}  // namespace
+
 void CPTAnnotation::setContentLayer(std::shared_ptr<CPTTextLayer> layer) {
   if (contentLayer_ == layer) return;
   if (contentLayer_) contentLayer_->removeFromSuperlayer();
@@ -35,12 +42,12 @@ void CPTAnnotation::draw(CGContext& context) const {
   const auto at = anchor();
   if (!at) return;
   const CGPoint center = *at + displacement_;
-  if (!std::isfinite(center.x) || !std::isfinite(center.y)) return;
+  if (!(std::abs(center.x) < kFarthestCenter && std::abs(center.y) < kFarthestCenter)) return;
 
   const CGSize size = contentLayer_->frame().size;
   const CGSavedState state(context);
   context.translate(center.x, center.y);
-  if (rotation_ != 0) context.rotate(rotation_);
+  if (rotation_ != 0 && std::isfinite(rotation_)) context.rotate(rotation_);
   context.translate(-size.width / 2, -size.height / 2);
   contentLayer_->display(context);
 }

@@ -44,7 +44,26 @@ void CPTAxis::setMinorTickLocations(std::set<double> locations) {
 
 void CPTAxis::setAxisLabels(std::vector<std::shared_ptr<CPTAxisLabel>> labels) {
   std::erase(labels, nullptr);
-  change(axisLabels_, std::move(labels));
+  if (axisLabels_ == labels) return;
+  for (const auto& label : axisLabels_) {
+    if (label->axis_.get() != this) continue;
+    label->axis_ = nullptr;
+    if (label->contentLayer()) label->contentLayer()->removeFromSuperlayer();
+  }
+  axisLabels_ = std::move(labels);
+  for (const auto& label : axisLabels_) {
+    label->axis_ = this;
+    addSublayer(label->contentLayer());
+  }
+  setNeedsDisplay();
+}
+
+void CPTAxis::contentDidChange() {
+  // The labels are drawn with the axis.
+  if (needsDisplay())
+    CPTLayer::contentDidChange();
+  else
+    setNeedsDisplay();
 }
 
 }  // namespace vexel

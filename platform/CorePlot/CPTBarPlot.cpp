@@ -10,6 +10,8 @@ namespace {
 // Narrower bars are drawn together as one antialiased shape without outline: rounding them to
 // pixels would make their widths uneven, and outlines would hide them.
 constexpr CGFloat kNarrowBar = 3;
+// So far outside the plot area an outline cannot be seen, whatever its width, in points.
+constexpr CGFloat kFarthestEdge = 1e4;
 
 }  // namespace
 
@@ -26,7 +28,6 @@ class CPTBarPlot::Geometry {
   }
 
   bool isDrawable() const { return along_.isDrawable() && across_.isDrawable(); }
-  bool isHorizontal() const { return horizontal_; }
 
   /// Location, base and tip in points; absent when the record has no bar.
   struct Bar {
@@ -38,8 +39,9 @@ class CPTBarPlot::Geometry {
   std::optional<Bar> bar(std::size_t record) const {
     const double location = plot_.locations_[record];
     const CGFloat tip = across_.position(plot_.tips_[record]);
-    CGFloat base = across_.position(plot_.barBasesVary_ ? plot_.bases_[record] : plot_.baseValue_);
-    if (std::isnan(base) && !plot_.barBasesVary_) base = along_.length < 0 ? across_.extent : 0;
+    const double start = plot_.barBasesVary_ ? plot_.bases_[record] : plot_.baseValue_;
+    CGFloat base = across_.position(start);
+    if (std::isnan(base) && !std::isnan(start)) base = across_.length < 0 ? across_.extent : 0;
 
     CGFloat from, to;
     if (plot_.barWidthsAreInViewCoordinates_) {
@@ -104,9 +106,11 @@ void CPTBarPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
   if (!geometry.isDrawable()) return;
 
   std::optional<CGStrokeStyle> outline;
-  if (lineStyle_) outline = lineStyle_->strokeStyle();
-  if (outline) outline->alignsToPixels = barCornerRadius_ <= 0;
-  const CGFloat margin = outline && outline->width > 0 ? 2 * outline->width : 1;
+  if (lineStyle_ && lineStyle_->lineWidth > 0 && std::isfinite(lineStyle_->lineWidth))
+    outline = lineStyle_->strokeStyle();
+  const bool isRound = barCornerRadius_ > 0;
+  if (outline) outline->alignsToPixels = !isRound;
+  const CGFloat margin = outline ? std::min(2 * outline->width, kFarthestEdge) : 1;
   const CGRect area = CGRect{{}, plotAreaSize()}.insetBy(-margin, -margin);
 
   CGMutablePath narrow;
@@ -117,20 +121,21 @@ void CPTBarPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
     if (rect.minX() >= area.maxX() || rect.minY() >= area.maxY() || rect.maxX() <= area.minX() ||
         rect.maxY() <= area.minY())
       continue;
-    if (bar->to - bar->from < kNarrowBar && barCornerRadius_ <= 0) {
+    if (bar->to - bar->from < kNarrowBar && !isRound) {
       narrow.addRect(rect);
       continue;
     }
     CGMutablePath path;
-    path.addRoundedRect(rect, barCornerRadius_);
-    if (fill_) barCornerRadius_ > 0 ? fill_->fill(context, path) : fill_->fill(context, rect);
+    path.addRoundedRect(rect, isRound ? barCornerRadius_ : 0);
+    if (fill_) isRound ? fill_->fill(context, path) : fill_->fill(context, rect);
     if (outline) context.stroke(path, *outline);
   }
   if (!narrow.isEmpty() && fill_) fill_->fill(context, narrow);
-  if (hasLabels()) drawLabels(context, geometry);
 }
 
-void CPTBarPlot::drawLabels(CGContext& context, const Geometry& geometry) const {
+void CPTBarPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {
+  const Geometry geometry(*this, space);
+  if (!geometry.isDrawable()) return;
   const CGRect area{{}, plotAreaSize()};
   for (std::size_t record = 0; record < recordCount(); ++record) {
     const auto bar = geometry.bar(record);

@@ -1,5 +1,7 @@
 #include <CorePlot/CPTBorderedLayer.h>
 
+#include <cmath>
+
 namespace vexel {
 
 void CPTBorderedLayer::setFill(std::optional<CPTFill> fill) {
@@ -27,23 +29,36 @@ void CPTBorderedLayer::setMasksToBorder(bool masks) {
 }
 
 void CPTBorderedLayer::draw(CGContext& context) {
-  if (fill_) {
-    if (cornerRadius_ > 0) {
-      CGMutablePath rounded;
-      rounded.addRoundedRect(bounds(), cornerRadius_);
-      fill_->fill(context, rounded);
-    } else {
-      fill_->fill(context, bounds());
-    }
-  }
-  if (borderLineStyle_ && !bounds().isEmpty()) {
-    const CGFloat inset = borderLineStyle_->lineWidth / 2;
-    CGMutablePath border;
-    border.addRoundedRect(bounds().insetBy(inset, inset), cornerRadius_);
-    CGStrokeStyle style = borderLineStyle_->strokeStyle();
-    style.alignsToPixels = cornerRadius_ <= 0;
-    context.stroke(border, style);
-  }
+  drawFill(context);
+  drawBorder(context);
+}
+
+void CPTBorderedLayer::drawFill(CGContext& context) const {
+  if (!fill_) return;
+  if (!(cornerRadius_ > 0)) return fill_->fill(context, bounds());
+  CGMutablePath rounded;
+  rounded.addRoundedRect(bounds(), cornerRadius_);
+  fill_->fill(context, rounded);
+}
+
+void CPTBorderedLayer::drawBorder(CGContext& context) const {
+  if (!borderLineStyle_ || bounds().isEmpty()) return;
+  CGStrokeStyle style = borderLineStyle_->strokeStyle();
+  if (!(style.width > 0 && std::isfinite(style.width))) return;
+  const CGFloat inset = style.width / 2;
+  const bool isRound = cornerRadius_ > inset;
+  CGMutablePath border;
+  border.addRoundedRect(bounds().insetBy(inset, inset), isRound ? cornerRadius_ - inset : 0);
+  style.alignsToPixels = !isRound;
+  context.stroke(border, style);
+}
+
+void CPTBorderedLayer::clipToBorder(CGContext& context) const {
+  if (!masksToBorder_) return;
+  if (!(cornerRadius_ > 0)) return context.clip(bounds());
+  CGMutablePath rounded;
+  rounded.addRoundedRect(bounds(), cornerRadius_);
+  context.clip(rounded);
 }
 
 }  // namespace vexel

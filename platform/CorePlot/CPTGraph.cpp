@@ -49,6 +49,7 @@ void CPTGraph::setPlotAreaFrame(std::shared_ptr<CPTPlotAreaFrame> frame) {
   plotAreaFrame_ = std::move(frame);
   addSublayer(plotAreaFrame_);
   layoutSublayers();
+  setNeedsDisplay();
 }
 
 void CPTGraph::setAxisSet(std::shared_ptr<CPTAxisSet> axisSet) {
@@ -85,6 +86,7 @@ void CPTGraph::addPlot(std::shared_ptr<CPTPlot> plot) {
 void CPTGraph::addPlot(std::shared_ptr<CPTPlot> plot, std::shared_ptr<CPTPlotSpace> space) {
   if (!plot) return;
   if (auto* former = plot->graph()) former->removePlot(*plot);
+  if (space && !space->graph()) addPlotSpace(space);
   plot->setPlotSpace(space ? std::move(space) : defaultPlotSpace());
   plot->graph_ = this;
   addSublayer(plot);
@@ -150,29 +152,31 @@ void CPTGraph::plotSpaceDidChange(const CPTPlotSpace& space) {
 }
 
 std::vector<CPTGraph::Slice> CPTGraph::slices() {
-  const auto frame = plotAreaFrame_;
-  const auto area = frame ? frame->plotArea() : nullptr;
+  const auto plotAreaFrame = plotAreaFrame_;
+  const auto area = plotAreaFrame ? plotAreaFrame->plotArea() : nullptr;
   std::vector<Slice> result;
 
-  result.push_back(
-      {this, needsDisplay() || (frame && frame->needsDisplay()) || (area && area->needsDisplay()),
-       [this, frame, area](CGContext& context) {
-         display(context);
-         for (const std::shared_ptr<CPTLayer>& layer :
-              std::initializer_list<std::shared_ptr<CPTLayer>>{frame, area}) {
-           if (!layer) continue;
-           const CGPoint origin = layer->convertPointToRoot({}) - this->frame().origin;
-           const CGSavedState state(context);
-           context.translate(origin.x, origin.y);
-           layer->display(context);
-         }
-       }});
-  if (!area) return result;
+  result.push_back({this,
+                    needsDisplay() || (plotAreaFrame && plotAreaFrame->needsDisplay()) ||
+                        (area && area->needsDisplay()),
+                    [this, plotAreaFrame](CGContext& context) {
+                      display(context);
+                      if (!plotAreaFrame) return;
+                      const CGSavedState state(context);
+                      const CGPoint origin = plotAreaFrame->frame().origin;
+                      context.translate(origin.x, origin.y);
+                      plotAreaFrame->display(context);
+                    }});
+  if (!area || area->isHidden() || plotAreaFrame->isHidden()) return result;
 
-  const CGRect plotRect{area->convertPointToRoot({}) - this->frame().origin, area->frame().size};
-  const auto inPlotArea = [plotRect](CGContext& context, const auto& draw) {
+  const CGPoint frameOrigin = plotAreaFrame->frame().origin;
+  const CGRect plotRect{frameOrigin + area->frame().origin, area->frame().size};
+  const auto inPlotArea = [plotAreaFrame, frameOrigin, inFrame = area->frame().origin](
+                              CGContext& context, const auto& draw) {
     const CGSavedState state(context);
-    context.translate(plotRect.minX(), plotRect.minY());
+    context.translate(frameOrigin.x, frameOrigin.y);
+    plotAreaFrame->clipToBorder(context);
+    context.translate(inFrame.x, inFrame.y);
     draw();
   };
 
@@ -180,29 +184,39 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
     std::shared_ptr<CPTXYAxis> axis;
     AxisLayout layout;
   };
+  const auto axisSet = axisSet_;
   const auto axes = std::make_shared<std::vector<PlacedAxis>>();
   bool axesNeedDisplay = false;
-  if (axisSet_) {
-    axesNeedDisplay = axisSet_->needsDisplay();
-    for (const auto& axis : axisSet_->axes()) {
+  if (axisSet) {
+    axesNeedDisplay = axisSet->needsDisplay();
+    for (const auto& axis : axisSet->axes()) {
       axesNeedDisplay |= axis->needsDisplay();
-      if (axisSet_->isHidden()) continue;
       const auto xyAxis = std::dynamic_pointer_cast<CPTXYAxis>(axis);
-      if (!xyAxis || xyAxis->isHidden()) continue;
+      if (!xyAxis || xyAxis->isHidden() || axisSet->isHidden()) continue;
       if (auto layout = layoutAxis(*xyAxis, plotRect.size))
         axes->push_back({xyAxis, std::move(*layout)});
     }
   }
 
-  result.push_back({axisSet_.get(), axesNeedDisplay, [this, axes, inPlotArea](CGContext& context) {
+  result.push_back({axisSet.get(), axesNeedDisplay,
+                    [axisSet, plotAreaFrame, axes, inPlotArea](CGContext& context) {
                       inPlotArea(context, [&] {
                         for (const auto& [axis, layout] : *axes)
                           drawMinorGrid(context, *axis, layout);
                         for (const auto& [axis, layout] : *axes)
                           drawMajorGrid(context, *axis, layout);
-                        if (axisSet_) {
-                          axisSet_->display(context);
-                          for (const auto& axis : axisSet_->axes()) axis->display(context);
+                      });
+                      {
+                        const CGSavedState state(context);
+                        const CGPoint origin = plotAreaFrame->frame().origin;
+                        context.translate(origin.x, origin.y);
+                        plotAreaFrame->drawBorder(context);
+                      }
+                      inPlotArea(context, [&] {
+                        if (axisSet) {
+                          axisSet->display(context);
+                          const auto all = axisSet->axes();
+                          for (const auto& axis : all) axis->display(context);
                         }
                         for (const auto& [axis, layout] : *axes)
                           drawLineAndTicks(context, *axis, layout);
@@ -210,21 +224,22 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
                     }});
 
   for (const auto& plot : plots_)
-    result.push_back(
-        {plot.get(), plot->needsDisplay(), [plot, plotRect, inPlotArea](CGContext& context) {
-           inPlotArea(context, [&] {
-             context.clip(CGRect{{}, plotRect.size});
-             plot->setPlotAreaSize(plotRect.size);
-             plot->display(context);
-           });
-         }});
+    result.push_back({plot.get(), plot->needsDisplay(),
+                      [plot, size = plotRect.size, inPlotArea](CGContext& context) {
+                        inPlotArea(context, [&] {
+                          plot->setPlotAreaSize(size);
+                          plot->display(context);
+                        });
+                      }});
 
-  result.push_back({&titleTextStyle_, false, [this, axes, inPlotArea](CGContext& context) {
-                      inPlotArea(context, [&] {
-                        for (const auto& placed : *axes) drawLabelsAndTitle(context, placed.layout);
-                      });
-                      drawTitle(context);
-                    }});
+  result.push_back(
+      {&titleTextStyle_, false, [this, plotRect, axes, inPlotArea](CGContext& context) {
+         inPlotArea(context, [&] {
+           for (const auto& placed : *axes) drawLabels(context, placed.layout);
+           for (const auto& placed : *axes) drawAxisTitle(context, placed.layout);
+         });
+         drawTitle(context, plotRect);
+       }});
   result.push_back(
       {area.get(), area->annotationsNeedDisplay(), [area, inPlotArea](CGContext& context) {
          inPlotArea(context, [&] { area->drawAnnotations(context); });
@@ -232,20 +247,20 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
   return result;
 }
 
-void CPTGraph::drawTitle(CGContext& context) const {
+void CPTGraph::drawTitle(CGContext& context, const CGRect& plotArea) const {
   if (!title_ || title_->empty()) return;
   CPTTextLayer layer(*title_, titleTextStyle_);
   const CGSize size = layer.frame().size;
-  const CGRect area =
-      plotAreaFrame_ && plotAreaFrame_->plotArea() ? plotAreaFrame_->plotArea()->frame() : bounds();
-  const CGFloat left = plotAreaFrame_ ? plotAreaFrame_->frame().minX() : 0;
   const CGSavedState state(context);
-  context.translate(left + area.midX() - size.width / 2,
-                    bounds().maxY() - kTitleInset - size.height);
+  context.translate(plotArea.midX() - size.width / 2, bounds().maxY() - kTitleInset - size.height);
   layer.display(context);
 }
 
 void CPTGraph::displayChart(CGContext& context) {
+  if (isHidden()) return;
+  const CGSavedState state(context);
+  masksToBorder() ? clipToBorder(context) : context.clip(bounds());
+
   const std::vector<Slice> all = slices();
   const auto draw = [&](CGContext& target, std::size_t first, std::size_t end) {
     for (std::size_t i = first; i < end; ++i) all[i].draw(target);

@@ -13,19 +13,21 @@ void CPTGraphHostingView::setHostedGraph(std::shared_ptr<CPTGraph> graph) {
   hostedGraph_ = std::move(graph);
   if (hostedGraph_) {
     hostedGraph_->hostingView_ = this;
-    hostedGraph_->setFrame(bounds());
+    hostedGraph_->setFrame({{}, bounds().size});
   }
   setNeedsDisplay(true);
 }
 
 void CPTGraphHostingView::setFrameSize(CGSize size) {
   NSView::setFrameSize(size);
-  if (hostedGraph_) hostedGraph_->setFrame(bounds());
+  if (hostedGraph_) hostedGraph_->setFrame({{}, bounds().size});
 }
 
 void CPTGraphHostingView::draw(CGContext& context, CGRect) {
   if (!hostedGraph_) return;
   const auto graph = hostedGraph_;
+  const CGSavedState state(context);
+  if (bounds().origin != CGPoint{}) context.translate(bounds().minX(), bounds().minY());
   graph->displayChart(context);
 }
 

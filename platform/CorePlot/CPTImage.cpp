@@ -6,23 +6,27 @@ namespace vexel {
 
 namespace {
 
-// Tiles smaller than a point are stretched instead: they would only show as their mean colour.
+// Smaller tiles would only show as their mean colour, in points.
 constexpr CGFloat kSmallestTile = 1;
+constexpr CGFloat kMostTiles = 1e6;
 
 }  // namespace
 
 void CPTImage::draw(CGContext& context, const CGRect& rect) const {
   if (!image || rect.isEmpty()) return;
-  const CGSize tile{static_cast<CGFloat>(image->width()) / scale,
-                    static_cast<CGFloat>(image->height()) / scale};
-  if (!tiled || !(tile.width >= kSmallestTile && tile.height >= kSmallestTile)) {
+  const CGFloat pixelsPerPoint = scale > 0 && std::isfinite(scale) ? scale : 1;
+  const CGSize tile{static_cast<CGFloat>(image->width()) / pixelsPerPoint,
+                    static_cast<CGFloat>(image->height()) / pixelsPerPoint};
+  const CGFloat columns = std::ceil(rect.size.width / tile.width);
+  const CGFloat rows = std::ceil(rect.size.height / tile.height);
+  const bool canBeTiled =
+      tile.width >= kSmallestTile && tile.height >= kSmallestTile && columns * rows <= kMostTiles;
+  if (!tiled || !canBeTiled) {
     context.drawImage(*image, rect);
     return;
   }
   const CGSavedState state(context);
   context.clip(rect);
-  const auto columns = static_cast<int>(std::ceil(rect.size.width / tile.width));
-  const auto rows = static_cast<int>(std::ceil(rect.size.height / tile.height));
   for (int row = 0; row < rows; ++row)
     for (int column = 0; column < columns; ++column)
       context.drawImage(

@@ -1,10 +1,30 @@
 #include <CorePlot/CPTLayer.h>
 
 #include <algorithm>
+#include <cmath>
+
+#include <Foundation/FatalError.h>
 
 namespace vexel {
 
+namespace {
+
+CGFloat finite(CGFloat value) {
+  return std::isfinite(value) ? value : 0;
+}
+
+CGRect usable(const CGRect& frame) {
+  return CGRect::make(finite(frame.origin.x), finite(frame.origin.y),
+                      std::max(finite(frame.size.width), 0.0),
+                      std::max(finite(frame.size.height), 0.0));
+}
+
+}  // namespace
+
+CPTLayer::CPTLayer(CGRect frame) : frame_(usable(frame)) {}
+
 void CPTLayer::setFrame(CGRect frame) {
+  frame = usable(frame);
   if (frame_ == frame) return;
   const bool resized = frame_.size != frame.size;
   frame_ = frame;
@@ -13,6 +33,7 @@ void CPTLayer::setFrame(CGRect frame) {
 }
 
 void CPTLayer::changePadding(CGFloat& padding, CGFloat points) {
+  points = finite(points);
   if (padding == points) return;
   padding = points;
   setNeedsDisplay();
@@ -20,7 +41,7 @@ void CPTLayer::changePadding(CGFloat& padding, CGFloat points) {
 }
 
 void CPTLayer::setPadding(CGFloat points) {
-  paddingLeft_ = paddingRight_ = paddingTop_ = paddingBottom_ = points;
+  paddingLeft_ = paddingRight_ = paddingTop_ = paddingBottom_ = finite(points);
   setNeedsDisplay();
   layoutSublayers();
 }
@@ -39,10 +60,15 @@ void CPTLayer::setHidden(bool hidden) {
 
 void CPTLayer::addSublayer(std::shared_ptr<CPTLayer> layer) {
   if (!layer) return;
+  if (isInside(*layer)) fatalError("a layer cannot be added to itself or to one inside it");
   layer->removeFromSuperlayer();
   layer->superlayer_ = this;
   sublayers_.push_back(std::move(layer));
   sublayers_.back()->setNeedsDisplay();
+}
+
+bool CPTLayer::isInside(const CPTLayer& layer) const {
+  return this == &layer || (superlayer_ && superlayer_->isInside(layer));
 }
 
 void CPTLayer::removeFromSuperlayer() {

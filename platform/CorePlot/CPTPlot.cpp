@@ -7,6 +7,13 @@
 
 namespace vexel {
 
+namespace {
+
+// Asking for more numbers one by one takes longer than anybody waits.
+constexpr std::size_t kMostSingleRecords = 10'000'000;
+
+}  // namespace
+
 void CPTPlot::setDataSource(CPTPlotDataSource* dataSource) {
   dataSource_ = dataSource;
   setDataNeedsReloading();
@@ -70,13 +77,20 @@ void CPTPlot::draw(CGContext& context) {
   reloadDataIfNeeded();
   // Borrowed numbers die with their source.
   const auto space = std::dynamic_pointer_cast<CPTXYPlotSpace>(plotSpace_);
-  if (dataSource() && space && recordCount_ > 0) drawSeries(context, *space);
+  if (!dataSource() || !space || recordCount_ == 0) return;
+  {
+    const CGSavedState state(context);
+    context.clip(CGRect{{}, plotAreaSize_});
+    drawSeries(context, *space);
+  }
+  if (!dataLabels_.empty() || labelFormatter_) drawLabels(context, *space);
 }
 
 CPTNumericData CPTPlot::readField(CPTPlotDataSource& source, unsigned field, std::size_t records,
                                   std::vector<double>& storage) const {
   storage.clear();
   if (const auto lent = source.numbers(*this, field, {0, records})) return lent->part(0, records);
+  records = std::min(records, kMostSingleRecords);
   storage.reserve(records);
   for (std::size_t record = 0; record < records; ++record)
     storage.push_back(source.number(*this, field, record));
@@ -99,6 +113,7 @@ void CPTPlot::drawLabel(CGContext& context, CPTTextLayer& label, CGPoint anchor,
                      (size.width * s + size.height * c) / 2};
   const CGPoint center{anchor.x + direction.x * (labelOffset_ + half.x),
                        anchor.y + direction.y * (labelOffset_ + half.y)};
+  if (!std::isfinite(center.x) || !std::isfinite(center.y)) return;
   const CGSavedState state(context);
   context.translate(center.x, center.y);
   if (labelRotation_ != 0) context.rotate(labelRotation_);

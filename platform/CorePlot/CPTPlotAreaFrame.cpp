@@ -12,6 +12,16 @@ void CPTPlotAreaFrame::setPlotArea(std::shared_ptr<CPTPlotArea> plotArea) {
   plotArea_ = std::move(plotArea);
   addSublayer(plotArea_);
   layoutSublayers();
+  setNeedsDisplay();
+}
+
+void CPTPlotAreaFrame::draw(CGContext& context) {
+  drawFill(context);
+  const auto area = plotArea_;
+  if (!area) return;
+  const CGSavedState state(context);
+  context.translate(area->frame().origin.x, area->frame().origin.y);
+  area->display(context);
 }
 
 void CPTPlotAreaFrame::layoutSublayers() {

@@ -10,6 +10,7 @@ CPTPlotSpaceAnnotation::CPTPlotSpaceAnnotation(CPTPlotSpace* plotSpace,
     : plotSpace_(plotSpace), anchorPlotPoint_(std::move(anchorPlotPoint)) {}
 
 void CPTPlotSpaceAnnotation::setAnchorPlotPoint(std::vector<double> point) {
+  if (anchorPlotPoint_ == point) return;
   anchorPlotPoint_ = std::move(point);
   contentDidChange();
 }

@@ -1,5 +1,6 @@
 #include <CorePlot/CPTPlotSymbol.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -9,6 +10,9 @@ namespace {
 
 // Inner to outer radius of a five-pointed star whose edges lie on straight lines.
 constexpr double kStarInnerRadius = 0.381966011250105;
+// Corners of shapes reach beyond the outline by this many times half its width at most, unless
+// the style allows more.
+constexpr CGFloat kMiterReach = 10;
 
 /// A closed polygon in the ellipse of the given size around (0, 0), its first corner on top, the
 /// odd corners drawn in to `innerRadius` of the ellipse.
@@ -81,7 +85,8 @@ CGPath shape(CPTPlotSymbolType type, CGSize size, const std::optional<CGPath>& c
       if (!custom) break;
       const CGRect own = custom->boundingBox();
       const auto factor = [](CGFloat wanted, CGFloat present) {
-        return present > 0 ? wanted / present : 1;
+        const CGFloat ratio = wanted / present;
+        return present > 0 && std::isfinite(ratio) ? ratio : 1;
       };
       return custom->transformed(
           CGAffineTransform::translation(-own.midX(), -own.midY())
@@ -112,12 +117,21 @@ CPTPlotSymbol CPTPlotSymbol::customPlotSymbol(const CGPath& path) {
 }
 
 CGPath CPTPlotSymbol::path() const {
-  const bool drawable = size_.width > 0 && size_.height > 0 && std::isfinite(size_.width) &&
-                        std::isfinite(size_.height);
-  if (!drawable) return {};
+  const bool hasSize = size_.width > 0 && size_.height > 0 && size_.width <= kLargestSide &&
+                       size_.height <= kLargestSide;
+  const CGPoint shift{(0.5 - anchorPoint_.x) * size_.width, (0.5 - anchorPoint_.y) * size_.height};
+  if (!hasSize || !std::isfinite(shift.x) || !std::isfinite(shift.y)) return {};
   return shape(symbolType_, size_, customSymbolPath_)
-      .transformed(CGAffineTransform::translation((0.5 - anchorPoint_.x) * size_.width,
-                                                  (0.5 - anchorPoint_.y) * size_.height));
+      .transformed(CGAffineTransform::translation(shift.x, shift.y));
+}
+
+CGRect CPTPlotSymbol::reach() const {
+  CGFloat pen = 0;
+  if (lineStyle_ && lineStyle_->lineWidth > 0) {
+    const CGFloat corners = std::max(kMiterReach, lineStyle_->miterLimit);
+    pen = std::min(lineStyle_->lineWidth / 2 * corners, kLargestSide);
+  }
+  return path().boundingBox().insetBy(-pen, -pen);
 }
 
 void CPTPlotSymbol::draw(CGContext& context, std::span<const CGPoint> centers) const {

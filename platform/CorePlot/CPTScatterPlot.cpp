@@ -13,6 +13,12 @@ namespace {
 constexpr CGFloat kLineTolerance = 0.02;
 // The drawing library's time for one stroke grows faster than its length.
 constexpr std::size_t kPointsPerStroke = 1000;
+// Wider pens cover everything anyway, in points.
+constexpr CGFloat kWidestPen = 1e4;
+
+bool isFinite(CGPoint p) {
+  return std::isfinite(p.x) && std::isfinite(p.y);
+}
 
 /// The corners of a line that steps from point to point.
 std::vector<CGPoint> steps(std::span<const CGPoint> points, bool halfWay) {
@@ -20,9 +26,9 @@ std::vector<CGPoint> steps(std::span<const CGPoint> points, bool halfWay) {
   result.reserve(3 * points.size());
   for (std::size_t i = 0; i < points.size(); ++i) {
     const CGPoint b = points[i];
-    if (i > 0 && std::isfinite(points[i - 1].y) && std::isfinite(b.y)) {
+    if (i > 0 && isFinite(points[i - 1]) && isFinite(b)) {
       const CGPoint a = points[i - 1];
-      const CGFloat turn = halfWay ? a.x + (b.x - a.x) / 2 : b.x;
+      const CGFloat turn = halfWay ? a.x / 2 + b.x / 2 : b.x;
       result.push_back({turn, a.y});
       result.push_back({turn, b.y});
     }
@@ -37,6 +43,38 @@ void strokePart(CGContext& context, std::span<const CGPoint> points, const CGStr
   context.stroke(path, style);
 }
 
+/// The line, as many points longer at both ends as a square cap is.
+std::vector<CGPoint> withSquareEnds(std::vector<CGPoint> run, CGFloat width) {
+  const auto extend = [width](CGPoint& end, CGPoint next) {
+    const CGFloat length = std::hypot(end.x - next.x, end.y - next.y);
+    const CGFloat factor = length > 0 ? width / 2 / length : 0;
+    end = {end.x + factor * (end.x - next.x), end.y + factor * (end.y - next.y)};
+  };
+  extend(run.front(), run[1]);
+  extend(run.back(), run[run.size() - 2]);
+  return run;
+}
+
+/// Strokes a long opaque line part by part. The parts between the first and the last have round
+/// caps, which join them unseen; the outer ones end as the style says.
+void strokeInParts(CGContext& context, std::vector<CGPoint> run, CGStrokeStyle style) {
+  if (style.cap == CGLineCap::square) {
+    run = withSquareEnds(std::move(run), style.width);
+    style.cap = CGLineCap::butt;
+  }
+  const std::size_t segments = run.size() - 1;
+  const std::size_t parts =
+      std::max<std::size_t>(3, (segments + kPointsPerStroke - 2) / (kPointsPerStroke - 1));
+  const CGLineCap outerCap = style.cap;
+  for (std::size_t part = 0; part < parts; ++part) {
+    const std::size_t first = part * segments / parts;
+    const std::size_t last = (part + 1) * segments / parts;
+    const bool isOuter = part == 0 || part + 1 == parts;
+    style.cap = isOuter ? outerCap : CGLineCap::round;
+    strokePart(context, std::span(run).subspan(first, last - first + 1), style);
+  }
+}
+
 void strokeRun(CGContext& context, const std::vector<CGPoint>& run, const CGStrokeStyle& style) {
   if (run.size() == 1) {
     CGMutablePath dot;
@@ -45,18 +83,12 @@ void strokeRun(CGContext& context, const std::vector<CGPoint>& run, const CGStro
     context.fill(dot, style.color);
     return;
   }
-  // Parts of an opaque solid line join unseen under round caps. A translucent line would darken
-  // where they overlap, and a pattern would begin anew.
+  // A translucent line would darken where parts overlap, and a pattern would begin anew.
   const bool divisible = style.color.alpha() >= 1 && style.dashPattern.empty();
-  if (!divisible || run.size() <= kPointsPerStroke) {
+  if (divisible && run.size() > kPointsPerStroke)
+    strokeInParts(context, run, style);
+  else
     strokePart(context, run, style);
-    return;
-  }
-  CGStrokeStyle part = style;
-  part.cap = CGLineCap::round;
-  for (std::size_t first = 0; first + 1 < run.size(); first += kPointsPerStroke - 1)
-    strokePart(context,
-               std::span(run).subspan(first, std::min(kPointsPerStroke, run.size() - first)), part);
 }
 
 }  // namespace
@@ -89,23 +121,27 @@ std::size_t CPTScatterPlot::readData(CPTPlotDataSource& source, std::size_t reco
   return count;
 }
 
-void CPTScatterPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
+std::vector<CGPoint> CPTScatterPlot::viewPoints(const CPTXYPlotSpace& space) const {
   const AxisScale xScale = space.scale(CPTCoordinate::X, plotAreaSize().width);
   const AxisScale yScale = space.scale(CPTCoordinate::Y, plotAreaSize().height);
-  if (!xScale.isDrawable() || !yScale.isDrawable()) return;
-
+  if (!xScale.isDrawable() || !yScale.isDrawable()) return {};
   std::vector<CGPoint> points(recordCount());
   for (std::size_t i = 0; i < points.size(); ++i)
     points[i] = {xScale.position(x_[i]), yScale.position(y_[i])};
+  return points;
+}
 
+void CPTScatterPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
+  const std::vector<CGPoint> points = viewPoints(space);
   drawLine(context, points);
   drawSymbols(context, points);
-  if (hasLabels()) drawLabels(context, points);
 }
 
 void CPTScatterPlot::drawLine(CGContext& context, std::span<const CGPoint> points) const {
-  if (!dataLineStyle_ || !(dataLineStyle_->lineWidth > 0)) return;
+  if (!dataLineStyle_) return;
   CGStrokeStyle style = dataLineStyle_->strokeStyle();
+  if (!(style.width > 0 && std::isfinite(style.width))) return;
+  style.width = std::min(style.width, kWidestPen);
   style.join = CGLineJoin::round;
 
   std::vector<CGPoint> corners;
@@ -123,27 +159,35 @@ void CPTScatterPlot::drawLine(CGContext& context, std::span<const CGPoint> point
 void CPTScatterPlot::drawSymbols(CGContext& context, std::span<const CGPoint> points) const {
   if (!plotSymbol_ && recordSymbols_.empty()) return;
 
-  // Neighbours with the same symbol are drawn in one call.
+  // Neighbours with the same symbol are drawn in one call; what cannot be seen is left out.
   std::vector<CGPoint> centers;
+  CGRect visible;
   const std::optional<CPTPlotSymbol>* current = nullptr;
   const auto flush = [&] {
     if (current && *current) (*current)->draw(context, centers);
     centers.clear();
   };
   for (std::size_t i = 0; i < points.size(); ++i) {
-    if (!std::isfinite(points[i].x) || !std::isfinite(points[i].y)) continue;
     const auto* symbol = i < recordSymbols_.size() ? &recordSymbols_[i] : &plotSymbol_;
     if (symbol != current && (!current || *symbol != *current)) {
       flush();
       current = symbol;
+      visible = {};
+      if (*symbol) {
+        const CGRect reach = (*symbol)->reach();
+        visible =
+            CGRect::make(-reach.maxX(), -reach.maxY(), plotAreaSize().width + reach.size.width,
+                         plotAreaSize().height + reach.size.height);
+      }
     }
-    centers.push_back(points[i]);
+    if (*symbol && visible.contains(points[i])) centers.push_back(points[i]);
   }
   flush();
 }
 
-void CPTScatterPlot::drawLabels(CGContext& context, std::span<const CGPoint> points) const {
+void CPTScatterPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {
   const CGRect area{{}, plotAreaSize()};
+  const std::vector<CGPoint> points = viewPoints(space);
   for (std::size_t i = 0; i < points.size(); ++i)
     if (area.contains(points[i]))
       if (const auto text = label(i, y_[i])) drawLabel(context, *text, points[i], {0, 1});

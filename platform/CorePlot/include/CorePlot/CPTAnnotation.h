@@ -20,7 +20,8 @@ class CPTAnnotation : public virtual NSObject {
   CGPoint displacement() const { return displacement_; }
   void setDisplacement(CGPoint points);
 
-  /// In radians, counter-clockwise about the centre of the content; default 0.
+  /// In radians, counter-clockwise about the centre of the content; default 0. One that is not
+  /// finite counts as 0.
   CGFloat rotation() const { return rotation_; }
   void setRotation(CGFloat radians);
 

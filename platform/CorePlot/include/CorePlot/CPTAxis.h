@@ -59,7 +59,7 @@ class CPTAxis : public CPTLayer {
   const std::set<double>& minorTickLocations() const { return minorTickLocations_; }
   void setMinorTickLocations(std::set<double> locations);
 
-  /// Labels set by hand, drawn under the policy none.
+  /// Labels set by hand, drawn under the policy none where they do not touch. Nulls are left out.
   const std::vector<std::shared_ptr<CPTAxisLabel>>& axisLabels() const { return axisLabels_; }
   void setAxisLabels(std::vector<std::shared_ptr<CPTAxisLabel>> labels);
 
@@ -127,6 +127,9 @@ class CPTAxis : public CPTLayer {
   /// without it as well. Default false.
   bool separateLayers() const { return separateLayers_; }
   void setSeparateLayers(bool separate) { change(separateLayers_, separate); }
+
+ protected:
+  void contentDidChange() override;
 
  private:
   template <class T>

@@ -7,7 +7,9 @@
 
 namespace vexel {
 
-/// The text at a place of an axis.
+class CPTAxis;
+
+/// The text at a place of an axis. Changes are seen at the axis's next display, which they ask for.
 class CPTAxisLabel : public virtual NSObject {
  public:
   explicit CPTAxisLabel(std::string text, CPTTextStyle style = {})
@@ -20,17 +22,22 @@ class CPTAxisLabel : public virtual NSObject {
 
   /// In plot-space units of the axis's coordinate; default 0.
   double tickLocation() const { return tickLocation_; }
-  void setTickLocation(double location) { tickLocation_ = location; }
+  void setTickLocation(double location) { change(tickLocation_, location); }
 
   /// Distance from the axis line or the end of the tick, in points; default 0.
   CGFloat offset() const { return offset_; }
-  void setOffset(CGFloat points) { offset_ = points; }
+  void setOffset(CGFloat points) { change(offset_, points); }
 
   /// In radians, counter-clockwise; default 0.
   CGFloat rotation() const { return rotation_; }
-  void setRotation(CGFloat radians) { rotation_ = radians; }
+  void setRotation(CGFloat radians) { change(rotation_, radians); }
 
  private:
+  friend class CPTAxis;
+
+  void change(double& property, double value);
+
+  NSWeak<CPTAxis> axis_;
   std::shared_ptr<CPTTextLayer> contentLayer_;
   double tickLocation_ = 0;
   CGFloat offset_ = 0;

@@ -27,8 +27,8 @@ class CPTBarPlot : public CPTPlot {
   /// Radius of the corners, in points; default 0.
   CGFloat barCornerRadius() const { return barCornerRadius_; }
   void setBarCornerRadius(CGFloat points) { change(barCornerRadius_, points); }
-  /// Where bars begin unless bases vary; default 0. On a log scale they begin at the edge of the
-  /// plot area when the base has no place.
+  /// Where bars begin unless bases vary; default 0. On a log scale bars begin at the low edge of
+  /// the plot area when their base is not above 0. A base that is NaN gives no bar.
   double baseValue() const { return baseValue_; }
   void setBaseValue(double value) { change(baseValue_, value); }
   /// True: the data source says where each bar begins. Default false.
@@ -48,6 +48,7 @@ class CPTBarPlot : public CPTPlot {
  protected:
   std::size_t readData(CPTPlotDataSource& source, std::size_t records) override;
   void drawSeries(CGContext& context, const CPTXYPlotSpace& space) override;
+  void drawLabels(CGContext& context, const CPTXYPlotSpace& space) override;
 
  private:
   template <class T>
@@ -58,7 +59,6 @@ class CPTBarPlot : public CPTPlot {
   }
 
   class Geometry;
-  void drawLabels(CGContext& context, const Geometry& geometry) const;
 
   CPTNumericData locations_;
   CPTNumericData tips_;

@@ -29,8 +29,14 @@ class CPTBorderedLayer : public CPTLayer {
   bool masksToBorder() const { return masksToBorder_; }
   void setMasksToBorder(bool masks);
 
+  /// Narrows the clip of a context in the layer's coordinates to what masksToBorder() leaves.
+  void clipToBorder(CGContext& context) const;
+  /// Draws the border alone, in the layer's coordinates.
+  void drawBorder(CGContext& context) const;
+
  protected:
   void draw(CGContext& context) override;
+  void drawFill(CGContext& context) const;
 
  private:
   std::optional<CPTFill> fill_;

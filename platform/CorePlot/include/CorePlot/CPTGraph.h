@@ -40,11 +40,13 @@ class CPTGraph : public CPTBorderedLayer {
   /// The first plot space; null when there is none.
   std::shared_ptr<CPTPlotSpace> defaultPlotSpace() const;
   void addPlotSpace(std::shared_ptr<CPTPlotSpace> space);
+  /// Plots and axes on it stay there, but no longer follow its changes.
   void removePlotSpace(const CPTPlotSpace& space);
 
   const std::vector<std::shared_ptr<CPTPlot>>& allPlots() const { return plots_; }
-  /// Adds a plot on top of the others, on the default plot space or the one given. A plot that
-  /// is on a graph already moves to the top. Null does nothing.
+  /// Adds a plot on top of the others, on the default plot space or the one given, which is added
+  /// too when no graph has it. A plot that is on a graph already moves to the top. Null does
+  /// nothing.
   void addPlot(std::shared_ptr<CPTPlot> plot);
   void addPlot(std::shared_ptr<CPTPlot> plot, std::shared_ptr<CPTPlotSpace> space);
   /// The first plot of that identifier; null when there is none.
@@ -64,9 +66,10 @@ class CPTGraph : public CPTBorderedLayer {
   const CPTTextStyle& titleTextStyle() const { return titleTextStyle_; }
   void setTitleTextStyle(CPTTextStyle style);
 
-  /// Draws the chart in its own coordinates, back to front: background, minor grid, major grid,
-  /// axis lines and ticks, plots, labels and titles, annotations. On bitmaps what lies below the
-  /// lowest change since the last display is taken from a kept picture.
+  /// Draws the chart in its own coordinates and within its bounds, back to front: background,
+  /// minor grid, major grid, axis lines and ticks, plots, axis labels, axis titles, annotations. On
+  /// bitmaps what lies below the lowest change since the last display is taken from a kept picture.
+  /// A hidden graph draws nothing; a hidden plot area, or frame, hides all that lies on it.
   void displayChart(CGContext& context);
 
   /// Everything that a plot space places has to be drawn again.
@@ -82,7 +85,7 @@ class CPTGraph : public CPTBorderedLayer {
   struct KeptPicture;
 
   std::vector<Slice> slices();
-  void drawTitle(CGContext& context) const;
+  void drawTitle(CGContext& context, const CGRect& plotArea) const;
 
   NSWeak<CPTGraphHostingView> hostingView_;
   std::shared_ptr<CPTPlotAreaFrame> plotAreaFrame_;

@@ -10,18 +10,24 @@
 namespace vexel {
 
 /// A part of a chart: a rectangle in the coordinates of its superlayer that draws itself. A layer
-/// owns its sublayers; it knows its superlayer weakly.
+/// owns its sublayers; it knows its superlayer weakly. Made with std::make_shared where it becomes
+/// a sublayer.
 class CPTLayer : public virtual NSObject {
  public:
-  explicit CPTLayer(CGRect frame = {}) : frame_(frame) {}
+  explicit CPTLayer(CGRect frame = {});
+  CPTLayer(const CPTLayer&) = delete;
+  CPTLayer& operator=(const CPTLayer&) = delete;
 
-  /// In points, in the superlayer's coordinates. Setting it lays out the sublayers.
+  /// In points, in the superlayer's coordinates. Setting it lays out the sublayers. A width or
+  /// height that is negative or not finite is taken as 0, and so is an origin's coordinate that is
+  /// not finite.
   CGRect frame() const { return frame_; }
   void setFrame(CGRect frame);
   /// The layer's own coordinates: origin (0, 0), size of the frame.
   CGRect bounds() const { return {{}, frame_.size}; }
 
-  /// Distance kept between the layer's edges and what lies in it, in points; default 0.
+  /// Distance kept between the layer's edges and what lies in it, in points; default 0. One that
+  /// is not finite is taken as 0.
   CGFloat paddingLeft() const { return paddingLeft_; }
   CGFloat paddingRight() const { return paddingRight_; }
   CGFloat paddingTop() const { return paddingTop_; }
@@ -45,7 +51,8 @@ class CPTLayer : public virtual NSObject {
   /// Null when there is none, or it is gone.
   CPTLayer* superlayer() const { return superlayer_.get(); }
   const std::vector<std::shared_ptr<CPTLayer>>& sublayers() const { return sublayers_; }
-  /// Takes the layer from where it was. Null does nothing.
+  /// Takes the layer from where it was. Null does nothing; this layer itself or one that contains
+  /// it is a fatal error.
   void addSublayer(std::shared_ptr<CPTLayer> layer);
   void removeFromSuperlayer();
 
@@ -72,6 +79,7 @@ class CPTLayer : public virtual NSObject {
 
  private:
   void changePadding(CGFloat& padding, CGFloat points);
+  bool isInside(const CPTLayer& layer) const;
 
   CGRect frame_;
   CGFloat paddingLeft_ = 0;

@@ -60,7 +60,7 @@ class CPTPlot : public CPTLayer {
   CGFloat labelRotation() const { return labelRotation_; }
   void setLabelRotation(CGFloat radians);
 
-  /// The bottom-left corner and extent of the area drawn on, as the graph hands it over.
+  /// The extent of the area drawn on, as the graph hands it over.
   void setPlotAreaSize(CGSize size) { plotAreaSize_ = size; }
 
  protected:
@@ -69,8 +69,12 @@ class CPTPlot : public CPTLayer {
   /// Reads the fields that the kind of plot needs; `records` is what the source said it has.
   /// Returns the number of records that can be drawn.
   virtual std::size_t readData(CPTPlotDataSource& source, std::size_t records) = 0;
-  /// Draws the series into the plot area, whose bottom-left corner is (0, 0).
+  /// Draws the series into the plot area, whose bottom-left corner is (0, 0) and which it is
+  /// clipped to.
   virtual void drawSeries(CGContext& context, const CPTXYPlotSpace& space) = 0;
+  /// Draws the labels of the records inside the plot area. They may reach beyond its edges. Called
+  /// only when there are labels.
+  virtual void drawLabels(CGContext& context, const CPTXYPlotSpace& space) = 0;
 
   void draw(CGContext& context) final;
 
@@ -81,7 +85,6 @@ class CPTPlot : public CPTLayer {
                            std::vector<double>& storage) const;
   /// The label of a record whose value is `value`; null when it has none.
   std::shared_ptr<CPTTextLayer> label(std::size_t record, double value) const;
-  bool hasLabels() const { return !dataLabels_.empty() || labelFormatter_ != nullptr; }
   /// Draws a label so that its near edge is labelOffset from `anchor` in the direction given (a
   /// unit vector along an axis).
   void drawLabel(CGContext& context, CPTTextLayer& label, CGPoint anchor, CGPoint direction) const;

@@ -6,7 +6,9 @@
 
 namespace vexel {
 
-/// Holds the plot area; its paddings are the room for tick labels and axis titles.
+/// Holds the plot area; its paddings are the room for tick labels and axis titles. Unless it
+/// masks to its border they may also lie outside. It draws its fill and the plot area's; its border
+/// is drawn above the grid.
 class CPTPlotAreaFrame : public CPTBorderedLayer {
  public:
   CPTPlotAreaFrame();
@@ -16,6 +18,7 @@ class CPTPlotAreaFrame : public CPTBorderedLayer {
   void setPlotArea(std::shared_ptr<CPTPlotArea> plotArea);
 
  protected:
+  void draw(CGContext& context) override;
   void layoutSublayers() override;
 
  private:

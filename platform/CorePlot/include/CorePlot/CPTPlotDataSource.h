@@ -48,7 +48,8 @@ class CPTPlotDataSource : public virtual NSObject {
     return std::nullopt;
   }
 
-  /// One number, for sources without `numbers`; NaN (the default) for none.
+  /// One number, for sources without `numbers`; NaN (the default) for none. Records beyond the
+  /// first ten million are not asked for.
   virtual double number(const CPTPlot& plot, unsigned field, std::size_t record) {
     (void)plot, (void)field, (void)record;
     return std::numeric_limits<double>::quiet_NaN();

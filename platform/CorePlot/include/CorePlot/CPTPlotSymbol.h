@@ -29,6 +29,7 @@ class CPTPlotSymbol {
  public:
   static constexpr CGSize kDefaultSize{5, 5};
   static constexpr CGPoint kDefaultAnchorPoint{0.5, 0.5};
+  static constexpr CGFloat kLargestSide = 1e4;
 
   /// A symbol of type `none`, which draws nothing.
   CPTPlotSymbol() = default;
@@ -50,12 +51,13 @@ class CPTPlotSymbol {
   CPTPlotSymbolType symbolType() const { return symbolType_; }
   void setSymbolType(CPTPlotSymbolType type) { symbolType_ = type; }
 
-  /// Width and height in points. A size that is not above 0 and finite draws nothing.
+  /// Width and height in points. Unless both are above 0 and at most kLargestSide, nothing is
+  /// drawn.
   CGSize size() const { return size_; }
   void setSize(CGSize size) { size_ = size; }
 
   /// The point of the symbol, as fractions of its size from the bottom left, that lies on the
-  /// data point; default the centre.
+  /// data point; default the centre. One that is not finite draws nothing.
   CGPoint anchorPoint() const { return anchorPoint_; }
   void setAnchorPoint(CGPoint anchor) { anchorPoint_ = anchor; }
 
@@ -74,6 +76,8 @@ class CPTPlotSymbol {
 
   /// The outline around its anchor point at (0, 0), in points.
   CGPath path() const;
+  /// A box around all that is drawn when the data point is at (0, 0), the pen's width included.
+  CGRect reach() const;
 
   /// Draws the symbol at each of the centres, in their order.
   void draw(CGContext& context, std::span<const CGPoint> centers) const;

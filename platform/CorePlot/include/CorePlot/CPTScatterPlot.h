@@ -35,11 +35,13 @@ class CPTScatterPlot : public CPTPlot {
  protected:
   std::size_t readData(CPTPlotDataSource& source, std::size_t records) override;
   void drawSeries(CGContext& context, const CPTXYPlotSpace& space) override;
+  void drawLabels(CGContext& context, const CPTXYPlotSpace& space) override;
 
  private:
+  /// Where the records lie on the plot area; empty when the scales are not drawable.
+  std::vector<CGPoint> viewPoints(const CPTXYPlotSpace& space) const;
   void drawLine(CGContext& context, std::span<const CGPoint> points) const;
   void drawSymbols(CGContext& context, std::span<const CGPoint> points) const;
-  void drawLabels(CGContext& context, std::span<const CGPoint> points) const;
 
   CPTNumericData x_;
   CPTNumericData y_;

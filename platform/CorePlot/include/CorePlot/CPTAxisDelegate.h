@@ -1,0 +1,16 @@
+#pragma once
+
+#include <CorePlot/CALayerDelegate.h>
+
+namespace vexel {
+
+class CPTAxis;
+
+/// Hears of an axis. Delegates of axes must be of this type.
+class CPTAxisDelegate : public CALayerDelegate {
+ public:
+  /// Called after ticks and labels of the axis were placed for a display.
+  virtual void axisDidRelabel(CPTAxis& axis) { (void)axis; }
+};
+
+}  // namespace vexel
