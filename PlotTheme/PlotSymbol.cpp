@@ -19,21 +19,12 @@ std::optional<PlotSymbol> PlotSymbol::fromRawValue(std::int64_t rawValue) {
 }
 
 CPTPlotSymbol PlotSymbol::cptSymbol() const {
-  switch (case_) {
-    case circle:
-      return CPTPlotSymbol::ellipsePlotSymbol();
-    case diamond:
-      return CPTPlotSymbol::diamondPlotSymbol();
-    case cross:
-      return CPTPlotSymbol::crossPlotSymbol();
-    case rectangle:
-      return CPTPlotSymbol::rectanglePlotSymbol();
-    case triangle:
-      return CPTPlotSymbol::trianglePlotSymbol();
-    case star:
-      return CPTPlotSymbol::starPlotSymbol();
-  }
-  fatalError("PlotSymbol: unexpected raw value " + std::to_string(rawValue()));
+  static constexpr CPTPlotSymbol (*kShapes[])() = {
+      CPTPlotSymbol::ellipsePlotSymbol,  CPTPlotSymbol::diamondPlotSymbol,
+      CPTPlotSymbol::crossPlotSymbol,    CPTPlotSymbol::rectanglePlotSymbol,
+      CPTPlotSymbol::trianglePlotSymbol, CPTPlotSymbol::starPlotSymbol,
+  };
+  return kShapes[rawValue()]();
 }
 
 CPTPlotSymbol PlotSymbol::createPointingTriangleSymbol(CGSize, const CPTColor& lineColor,
@@ -58,6 +49,10 @@ CPTPlotSymbol PlotSymbol::createPointingTriangleSymbol(CGSize, const CPTColor& l
   lineStyle.lineColor = lineColor;
   symbol.setLineStyle(lineStyle);
   return symbol;
+}
+
+void PlotSymbol::refuse() const {
+  fatalError("PlotSymbol: unexpected raw value " + std::to_string(case_));
 }
 
 }  // namespace vexel

@@ -9,14 +9,7 @@ namespace {
 /// The value for the dark theme or for the two light ones.
 template <class T>
 T pick(PlotTheme theme, const T& dark, const T& light) {
-  switch (theme.rawValue()) {
-    case PlotTheme::black:
-      return dark;
-    case PlotTheme::white:
-    case PlotTheme::print:
-      return light;
-  }
-  fatalError("PlotTheme: unexpected raw value " + std::to_string(theme.rawValue()));
+  return theme.rawValue() == PlotTheme::black ? dark : light;
 }
 
 }  // namespace
@@ -27,7 +20,7 @@ std::optional<PlotTheme> PlotTheme::fromRawValue(std::int64_t rawValue) {
 }
 
 std::string PlotTheme::description() const {
-  if (case_ == print) return "Print Theme";
+  if (rawValue() == print) return "Print Theme";
   return pick<std::string>(*this, "Black Theme", "White Theme");
 }
 
@@ -89,6 +82,10 @@ CPTColor PlotTheme::gridLineCPTColor() const {
 const std::string& PlotTheme::didChange() {
   static const std::string name = "PlotTheme.didChange";
   return name;
+}
+
+void PlotTheme::refuse() const {
+  fatalError("PlotTheme: unexpected raw value " + std::to_string(case_));
 }
 
 }  // namespace vexel

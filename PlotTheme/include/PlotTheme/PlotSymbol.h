@@ -10,8 +10,8 @@ namespace vexel {
 
 /// The shape of the points of a scatter series. A value of one byte.
 ///
-/// A symbol that holds a raw value outside its cases is a broken invariant: asking it for its
-/// plot symbol is a fatal error.
+/// A symbol that holds a raw value outside its cases is a broken invariant: asking it for
+/// its raw value or plot symbol is a fatal error.
 class PlotSymbol {
  public:
   enum Case : std::uint8_t {
@@ -27,7 +27,10 @@ class PlotSymbol {
 
   /// The symbol of that raw value; absent for every number outside 0 to 5.
   static std::optional<PlotSymbol> fromRawValue(std::int64_t rawValue);
-  constexpr std::int64_t rawValue() const { return case_; }
+  constexpr std::int64_t rawValue() const {
+    if (case_ > star) refuse();
+    return case_;
+  }
 
   /// A new plot symbol of the shape with the chart engine's default size, fill and line style. A
   /// circle is the engine's ellipse.
@@ -41,6 +44,8 @@ class PlotSymbol {
   friend constexpr bool operator==(const PlotSymbol&, const PlotSymbol&) = default;
 
  private:
+  [[noreturn]] void refuse() const;
+
   Case case_;
 };
 

@@ -26,7 +26,10 @@ class PlotTheme {
 
   /// The theme of that raw value; absent for every number but 0, 1 and 2.
   static std::optional<PlotTheme> fromRawValue(std::int64_t rawValue);
-  constexpr std::int64_t rawValue() const { return case_; }
+  constexpr std::int64_t rawValue() const {
+    if (case_ < black || case_ > print) refuse();
+    return case_;
+  }
 
   /// "Black Theme", "White Theme" or "Print Theme".
   std::string description() const;
@@ -62,6 +65,8 @@ class PlotTheme {
   friend constexpr bool operator==(const PlotTheme&, const PlotTheme&) = default;
 
  private:
+  [[noreturn]] void refuse() const;
+
   Case case_;
 };
 
