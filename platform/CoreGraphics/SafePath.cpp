@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
+#include <utility>
 
 namespace vexel {
 
@@ -26,6 +26,10 @@ bool isFinite(const CGPathElement& e) {
 
 CGPoint middle(CGPoint a, CGPoint b) {
   return {a.x / 2 + b.x / 2, a.y / 2 + b.y / 2};
+}
+
+CGFloat distance(CGPoint a, CGPoint b) {
+  return std::hypot(b.x - a.x, b.y - a.y);
 }
 
 struct Curve {
@@ -90,46 +94,58 @@ void walk(const CGPath& path, Move onMove, Line onLine, Close onClose) {
   }
 }
 
-// The part of a line inside the box as parameters, by the method of Liang and Barsky.
-bool clipLine(CGPoint from, CGPoint to, const CGRect& box, CGFloat& enter, CGFloat& leave) {
-  enter = 0;
-  leave = 1;
-  // Halves, because the difference of two finite coordinates may be infinite.
-  const CGFloat dx = to.x / 2 - from.x / 2, dy = to.y / 2 - from.y / 2;
-  const auto cut = [&](CGFloat direction, CGFloat distance) {
-    if (direction == 0) return distance >= 0;
-    const CGFloat t = distance / 2 / direction;
-    if (direction < 0)
-      enter = std::max(enter, t);
-    else
-      leave = std::min(leave, t);
-    return enter <= leave;
-  };
-  return cut(-dx, from.x - box.minX()) && cut(dx, box.maxX() - from.x) &&
-         cut(-dy, from.y - box.minY()) && cut(dy, box.maxY() - from.y);
+// The sides of a box as functions that say how far inside them a point is, negative outside.
+template <class Use>
+bool forEachSide(const CGRect& box, Use use) {
+  return use([&](CGPoint p) { return p.x - box.minX(); }) &&
+         use([&](CGPoint p) { return box.maxX() - p.x; }) &&
+         use([&](CGPoint p) { return p.y - box.minY(); }) &&
+         use([&](CGPoint p) { return box.maxY() - p.y; });
 }
 
-CGPoint between(CGPoint from, CGPoint to, CGFloat t) {
-  return {from.x * (1 - t) + to.x * t, from.y * (1 - t) + to.y * t};
+// Where the line from a point inside of a side to one outside crosses it. Counted from the inner
+// one, so that an outer one at 1e300 does not swallow its digits.
+template <class Side>
+CGPoint crossing(CGPoint inner, CGPoint outer, Side side) {
+  const CGFloat a = side(inner), b = side(outer);
+  const CGFloat t = a / 2 / (a / 2 - b / 2);
+  return {inner.x * (1 - t) + outer.x * t, inner.y * (1 - t) + outer.y * t};
 }
 
-// Where a parameter of a long line is too coarse, its point is put back onto the box.
 CGPoint broughtInside(CGPoint p, const CGRect& box) {
   return {std::clamp(p.x, box.minX(), box.maxX()), std::clamp(p.y, box.minY(), box.maxY())};
 }
 
-// One side of the box: how far inside a point is, negative outside.
-template <class Distance>
-std::vector<CGPoint> cutSide(const std::vector<CGPoint>& polygon, Distance distance) {
-  std::vector<CGPoint> result;
-  result.reserve(polygon.size() + 4);
-  for (std::size_t i = 0; i < polygon.size(); ++i) {
-    const CGPoint a = polygon[i], b = polygon[(i + 1) % polygon.size()];
-    const CGFloat da = distance(a), db = distance(b);
-    if (da >= 0) result.push_back(a);
-    if ((da >= 0) != (db >= 0)) result.push_back(between(a, b, da / 2 / (da / 2 - db / 2)));
-  }
-  return result;
+// Shortens a line to its part inside the box; false when there is none.
+bool cutLine(CGPoint& from, CGPoint& to, const CGRect& box) {
+  const bool isSeen = forEachSide(box, [&](auto side) {
+    const bool startsOutside = side(from) < 0, endsOutside = side(to) < 0;
+    if (startsOutside && endsOutside) return false;
+    if (startsOutside) from = crossing(to, from, side);
+    if (endsOutside) to = crossing(from, to, side);
+    return true;
+  });
+  from = broughtInside(from, box);
+  to = broughtInside(to, box);
+  return isSeen;
+}
+
+std::vector<CGPoint> cutPolygon(std::vector<CGPoint> polygon, const CGRect& box) {
+  forEachSide(box, [&](auto side) {
+    std::vector<CGPoint> rest;
+    rest.reserve(polygon.size() + 4);
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+      const CGPoint a = polygon[i], b = polygon[(i + 1) % polygon.size()];
+      const bool startsInside = side(a) >= 0, endsInside = side(b) >= 0;
+      if (startsInside) rest.push_back(a);
+      if (startsInside && !endsInside) rest.push_back(crossing(a, b, side));
+      if (!startsInside && endsInside) rest.push_back(crossing(b, a, side));
+    }
+    polygon = std::move(rest);
+    return true;
+  });
+  for (CGPoint& p : polygon) p = broughtInside(p, box);
+  return polygon;
 }
 
 }  // namespace
@@ -186,20 +202,19 @@ std::vector<ClippedPiece> clippedPieces(const CGPath& path, const CGRect& box) {
     cut = false;
   };
   const auto addLine = [&](CGPoint from, CGPoint to) {
-    const CGFloat whole = std::hypot(to.x - from.x, to.y - from.y);
-    CGFloat enter = 0, leave = 0;
-    const bool isInside = clipLine(from, to, box, enter, leave);
-    if (!isInside || enter > 0) finish();
-    if (isInside) {
+    CGPoint first = from, last = to;
+    const bool isSeen = cutLine(first, last, box);
+    if (!isSeen || first != from) finish();
+    if (isSeen) {
       if (piece.isEmpty()) {
-        piece.move(broughtInside(between(from, to, enter), box));
-        lengthBefore = length + whole * enter;
+        piece.move(first);
+        lengthBefore = length + distance(from, first);
       }
-      piece.addLine(broughtInside(between(from, to, leave), box));
-      if (leave < 1) finish();
+      piece.addLine(last);
+      if (last != to) finish();
     }
-    cut = cut || !isInside || enter > 0 || leave < 1;
-    length += whole;
+    cut = cut || !isSeen || first != from || last != to;
+    length += distance(from, to);
   };
   walk(path, begin, addLine, [&](bool whole) {
     if (whole && !cut) piece.closeSubpath();
@@ -219,11 +234,7 @@ CGPath clippedPolygons(const CGPath& path, const CGRect& box) {
   CGMutablePath result;
   std::vector<CGPoint> polygon;
   const auto finish = [&] {
-    polygon = cutSide(polygon, [&](CGPoint p) { return p.x - box.minX(); });
-    polygon = cutSide(polygon, [&](CGPoint p) { return box.maxX() - p.x; });
-    polygon = cutSide(polygon, [&](CGPoint p) { return p.y - box.minY(); });
-    polygon = cutSide(polygon, [&](CGPoint p) { return box.maxY() - p.y; });
-    for (CGPoint& p : polygon) p = broughtInside(p, box);
+    polygon = cutPolygon(std::move(polygon), box);
     if (polygon.size() > 2) {
       result.addLines(polygon);
       result.closeSubpath();
