@@ -1,0 +1,13 @@
+#pragma once
+
+namespace vexel {
+
+/// A day by its number in the year; 1 is 1 January, 365 or 366 is 31 December.
+struct DayOfYear {
+  int dayOfYear;
+  int year;
+
+  friend bool operator==(const DayOfYear&, const DayOfYear&) = default;
+};
+
+}  // namespace vexel
