@@ -13,6 +13,7 @@
 #include <CorePlot/CPTScatterPlot.h>
 #include <CorePlot/CPTXYGraph.h>
 #include <PlotTheme/PlotTheme.h>
+#include <Vexel/AxisArguments.h>
 #include <Vexel/SeriesArguments.h>
 
 namespace vexel {
@@ -115,6 +116,28 @@ class Vexel : public CPTPlotDataSource {
   /// verylightgray, lightgray, gray, darkgray, white or black, exactly as written here. Absent
   /// for any other name and for none.
   virtual std::optional<CPTColor> getCPTColor(const std::optional<std::string>& name);
+
+  // Axes
+
+  /// Styles the graph's vertical axis in the theme's colours and sets the graph's y range to
+  /// `yRange` times `yScale`; or adds a right-hand axis, which leaves the range alone. Returns the
+  /// axis. Null, and nothing is done, without a graph, without an xy axis set or, for the graph's
+  /// own axis, without an x axis. A missing y axis or plot space and a range of fewer than two
+  /// values are fatal errors.
+  ///
+  /// The overload for float ignores `tickLocations` and `axisLabels`.
+  virtual std::shared_ptr<CPTAxis> formatYAxis(const std::shared_ptr<CPTXYGraph>& graph,
+                                               const YAxisArguments<double>& arguments);
+  virtual std::shared_ptr<CPTAxis> formatYAxis(const std::shared_ptr<CPTXYGraph>& graph,
+                                               const YAxisArguments<float>& arguments);
+
+  /// Styles the graph's horizontal axis, or adds an upper one, and sets the x range, when there
+  /// is one, to `xRange` times `xScale`. A time axis is labelled with years, days of the year,
+  /// hours or minutes, whatever suits its range of Julian days. Returns the axis; null, and
+  /// nothing is done, without a graph or an xy axis set. A missing plot space, a range of fewer
+  /// than two values and a time axis whose ends are no dates are fatal errors.
+  virtual std::shared_ptr<CPTAxis> formatXAxis(const std::shared_ptr<CPTXYGraph>& graph,
+                                               const XAxisArguments& arguments);
 };
 
 }  // namespace vexel

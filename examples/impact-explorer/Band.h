@@ -1,0 +1,56 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ImpactSample.h"
+#include "Table.h"
+
+namespace explorer {
+
+enum class BandStyle { bars, line, symbols };
+
+/// One quantity over time, and how it is shown.
+struct Band {
+  std::string title;
+  BandStyle style = BandStyle::symbols;
+  /// Julian days and values; NaN where there is none.
+  std::vector<double> times = {};
+  std::vector<double> values = {};
+  /// Width of a bar in days.
+  double barWidth = 1;
+  /// The value axis: positive quantities over three decades or more are shown logarithmically.
+  bool logarithmic = false;
+  double lower = 0;
+  double upper = 1;
+};
+
+/// The span of all finite times of the bands; at least a day wide around a single moment.
+struct TimeSpan {
+  double start = 0;
+  double end = 1;
+};
+
+/// A band with the value axis that suits its values.
+Band makeBand(std::string title, BandStyle style, std::vector<double> times,
+              std::vector<double> values);
+
+/// Bars for counts (whole numbers that are not negative), a line for values that move little from
+/// row to row, symbols for others.
+BandStyle suitableStyle(const std::vector<double>& values);
+
+/// One band per chosen column, in order; without a choice the first `kMostBands` columns that are
+/// not the time and hold a number. Throws InputError, about `file`, for unknown names.
+std::vector<Band> bandsOf(const Table& table, std::size_t time,
+                          const std::vector<std::string>& chosen, const std::string& file);
+inline constexpr std::size_t kMostBands = 4;
+
+/// What the embedded sample is shown as: impacts per five days, then the chosen columns, or
+/// charge, speed and distance from the Sun.
+std::vector<Band> bandsOf(const ImpactSample& sample, std::size_t time,
+                          const std::vector<std::string>& chosen, const std::string& file);
+
+TimeSpan timeSpan(const std::vector<Band>& bands);
+
+}  // namespace explorer

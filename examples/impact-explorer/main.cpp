@@ -1,0 +1,117 @@
+#include <charconv>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <Vexel/FigureExport.h>
+#include <Vexel/PlotView.h>
+#include <CLI/CLI.hpp>
+
+#include "CsvReader.h"
+#include "ImpactFigure.h"
+#include "InputError.h"
+#include "TimeColumn.h"
+
+namespace {
+
+using namespace explorer;
+
+constexpr int kFailure = 2;
+constexpr const char* kSampleName = "sample";
+
+struct Options {
+  std::optional<std::string> file;
+  std::optional<std::string> timeName;
+  std::vector<std::string> valueNames;
+  std::vector<std::string> exports;
+  vexel::CGSize size{960, 720};
+  double scale = 1;
+  vexel::PlotTheme theme = vexel::PlotTheme::white;
+};
+
+void complain(const std::string& text) {
+  std::fprintf(stderr, "impact-explorer: %s\n", text.c_str());
+}
+
+/// "800x600" as a size; absent when it is anything else.
+std::optional<vexel::CGSize> parsedSize(const std::string& text) {
+  const char* const end = text.data() + text.size();
+  vexel::CGSize size;
+  auto result = std::from_chars(text.data(), end, size.width);
+  if (result.ec != std::errc() || result.ptr == end || *result.ptr != 'x') return std::nullopt;
+  result = std::from_chars(result.ptr + 1, end, size.height);
+  const auto sensible = [](double points) { return points >= 1 && points <= 32767; };
+  if (result.ec != std::errc() || result.ptr != end || !sensible(size.width) ||
+      !sensible(size.height))
+    return std::nullopt;
+  return size;
+}
+
+/// The options, or the exit code when there is nothing more to do.
+std::optional<int> parse(int argc, char** argv, Options& options) {
+  CLI::App app("Draws dust impact data, or any table with Julian days, over time.");
+  std::string size = "960x720";
+  std::string theme = "white";
+  app.add_option("file", options.file, "CSV file with a header line; without it a sample is drawn");
+  app.add_option("--x", options.timeName, "column of Julian days; found by its name if not given");
+  app.add_option("--y", options.valueNames, "column of a band; once per band");
+  app.add_option("--export", options.exports, "figure to write: .png, .pdf or .svg")->required();
+  app.add_option("--size", size, "size of the figure in points")->capture_default_str();
+  app.add_option("--scale", options.scale, "pixels per point of a .png")
+      ->capture_default_str()
+      ->check(CLI::Range(0.01, 64.0));
+  app.add_option("--theme", theme, "colours")
+      ->capture_default_str()
+      ->check(CLI::IsMember({"black", "white", "print"}));
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& request) {
+    return app.exit(request);
+  } catch (const CLI::ParseError& error) {
+    complain(error.what());
+    return kFailure;
+  }
+  const auto points = parsedSize(size);
+  if (!points) {
+    complain("--size: " + size + " is no size such as 960x720, of at most 32767 points each");
+    return kFailure;
+  }
+  options.size = *points;
+  options.theme = theme == "black"   ? vexel::PlotTheme::black
+                  : theme == "print" ? vexel::PlotTheme::print
+                                     : vexel::PlotTheme::white;
+  return std::nullopt;
+}
+
+std::vector<Band> load(const Options& options) {
+  if (!options.file) {
+    const ImpactSample sample = impactSample();
+    const std::size_t time = timeColumn(sample.table, options.timeName, kSampleName);
+    return bandsOf(sample, time, options.valueNames, kSampleName);
+  }
+  const CsvContent content = readCsv(*options.file);
+  for (const std::string& warning : content.report.warnings()) complain(warning);
+  const std::size_t time = timeColumn(content.table, options.timeName, *options.file);
+  return bandsOf(content.table, time, options.valueNames, *options.file);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Options options;
+  if (const auto exitCode = parse(argc, argv, options)) return *exitCode;
+  try {
+    const auto view = std::make_shared<vexel::PlotView>(vexel::CGRect{{}, options.size});
+    const auto figure = vexel::makePlot<ImpactFigure>(view, options.theme, load(options));
+    figure->show();
+    for (const std::string& file : options.exports) vexel::exportFigure(*view, file, options.scale);
+  } catch (const InputError& error) {
+    complain(error.what());
+    return kFailure;
+  } catch (const vexel::FigureExportError& error) {
+    complain(error.what());
+    return kFailure;
+  }
+  return 0;
+}
