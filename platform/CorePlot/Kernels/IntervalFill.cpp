@@ -1,0 +1,138 @@
+#include "IntervalFill.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <vector>
+
+namespace vexel {
+
+namespace {
+
+constexpr int kTileWidth = 16;
+constexpr int kUnitsPerRow = 256;  // of y
+constexpr int kFullCoverage = 256;
+
+using Channels = std::uint16_t __attribute__((vector_size(16)));  // of two pixels
+using Bytes = std::uint8_t __attribute__((vector_size(8)));
+using Tile = std::int16_t __attribute__((vector_size(2 * kTileWidth)));
+
+Channels loadPair(const std::uint32_t* pixels) {
+  Bytes bytes;
+  std::memcpy(&bytes, pixels, sizeof bytes);
+  return __builtin_convertvector(bytes, Channels);
+}
+
+void storePair(std::uint32_t* pixels, Channels channels) {
+  const Bytes bytes = __builtin_convertvector(channels, Bytes);
+  std::memcpy(pixels, &bytes, sizeof bytes);
+}
+
+Channels dividedBy255(Channels product) {
+  product += 128;
+  return (product + (product >> 8)) >> 8;
+}
+
+/// Collects intervals of kTileWidth columns and blends them at once.
+class TileFill {
+ public:
+  TileFill(int rowCount, int linesPerPixel, std::uint32_t color)
+      : rowCount_(rowCount), shift_(std::countr_zero(static_cast<unsigned>(linesPerPixel))) {
+    half_ = Tile{} + static_cast<std::int16_t>(linesPerPixel / 2);
+    // An edge on the last row's lower end writes the two rows behind it.
+    differences_.resize(static_cast<std::size_t>(rowCount) + 2);
+    const std::uint32_t pair[] = {color, color};
+    channels_ = loadPair(pair);
+  }
+
+  void add(int column, float low, float high) {
+    const int from = units(low);
+    const int to = units(high);
+    addEdge(column, from, 1);
+    addEdge(column, to, -1);
+    firstRow_ = std::min(firstRow_, from / kUnitsPerRow);
+    lastRow_ = std::max(lastRow_, to / kUnitsPerRow);
+  }
+
+  /// Blends over the pixels right of and below `corner`, at most `columns`, and starts afresh.
+  void blend(std::uint32_t* corner, std::ptrdiff_t stride, int columns) {
+    Tile sum{};
+    for (int row = firstRow_; row <= lastRow_ + 1; ++row) {
+      Tile& difference = differences_[static_cast<std::size_t>(row)];
+      sum += difference;
+      difference = Tile{};
+      if (row < rowCount_) blendRow(corner + row * stride, sum, columns);
+    }
+    firstRow_ = rowCount_;
+    lastRow_ = -1;
+  }
+
+ private:
+  int units(float y) const {
+    const float clamped = std::clamp(y, 0.0F, static_cast<float>(rowCount_));
+    return static_cast<int>(clamped * kUnitsPerRow + 0.5F);
+  }
+
+  void addEdge(int column, int at, int sign) {
+    const auto row = static_cast<std::size_t>(at / kUnitsPerRow);
+    const int part = at % kUnitsPerRow;
+    differences_[row][column] =
+        static_cast<std::int16_t>(differences_[row][column] + sign * (kUnitsPerRow - part));
+    differences_[row + 1][column] =
+        static_cast<std::int16_t>(differences_[row + 1][column] + sign * part);
+  }
+
+  void blendRow(std::uint32_t* pixels, const Tile& sum, int columns) const {
+    const Tile coverage = (sum + half_) >> shift_;
+    std::uint64_t words[sizeof(Tile) / 8];
+    std::memcpy(words, &coverage, sizeof words);
+    if ((words[0] | words[1] | words[2] | words[3]) == 0) return;
+    if (columns == kTileWidth) {
+      blendPixels(pixels, coverage);
+      return;
+    }
+    std::uint32_t copy[kTileWidth] = {};
+    std::copy_n(pixels, columns, copy);
+    blendPixels(copy, coverage);
+    std::copy_n(copy, columns, pixels);
+  }
+
+  void blendPixels(std::uint32_t* pixels, const Tile& coverage) const {
+    for (int i = 0; i < kTileWidth; i += 2) {
+      const auto a = static_cast<std::uint16_t>(coverage[i]);
+      const auto b = static_cast<std::uint16_t>(coverage[i + 1]);
+      if ((a | b) == 0) continue;
+      const Channels weights = {a, a, a, a, b, b, b, b};
+      const Channels source = (channels_ * weights + kFullCoverage / 2) >> 8;
+      const Channels alphas = {source[3], source[3], source[3], source[3],
+                               source[7], source[7], source[7], source[7]};
+      storePair(pixels + i, source + dividedBy255(loadPair(pixels + i) * (255 - alphas)));
+    }
+  }
+
+  int rowCount_;
+  int shift_;  // from sums over the lines of a pixel to its coverage
+  Tile half_;
+  Channels channels_;
+  int firstRow_ = rowCount_;
+  int lastRow_ = -1;
+  std::vector<Tile> differences_;
+};
+
+}  // namespace
+
+void fillIntervals(const LineIntervals& intervals, int linesPerPixel, std::uint32_t color,
+                   const PixelBuffer& target, const PixelRect& clip) {
+  TileFill tile(clip.height(), linesPerPixel, color);
+  std::size_t cursor = 0;
+  for (int left = 0; left < clip.width(); left += kTileWidth) {
+    const int columns = std::min(kTileWidth, clip.width() - left);
+    for (int column = 0; column < columns; ++column)
+      for (int part = 0; part < linesPerPixel; ++part)
+        intervals.visit((left + column) * linesPerPixel + part, cursor,
+                        [&](float low, float high) { tile.add(column, low, high); });
+    tile.blend(target.row(clip.top) + clip.left + left, target.stride, columns);
+  }
+}
+
+}  // namespace vexel

@@ -1,0 +1,76 @@
+#include "StrokeBoundary.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace vexel {
+
+namespace {
+
+constexpr float kNowhere = -std::numeric_limits<float>::infinity();
+
+}  // namespace
+
+StrokeBoundary::StrokeBoundary(int slotCount, double slotWidth, double radius)
+    : slotCount_(slotCount),
+      slotWidth_(slotWidth),
+      radius_(radius),
+      reach_(static_cast<int>(std::ceil(radius / slotWidth + 0.5))),
+      pointY_(static_cast<std::size_t>(slotCount), kNowhere),
+      pointX_(static_cast<std::size_t>(slotCount)),
+      boundary_(static_cast<std::size_t>(slotCount), kNowhere) {}
+
+void StrokeBoundary::setPoint(int slot, CGPoint point) {
+  const auto i = static_cast<std::size_t>(slot);
+  pointY_[i] = static_cast<float>(point.y);
+  pointX_[i] = static_cast<float>(point.x - (slot + 0.5) * slotWidth_);
+}
+
+void StrokeBoundary::addSegment(CGPoint from, CGPoint to) {
+  const double dx = to.x - from.x;
+  const double dy = to.y - from.y;
+  if (!(dx > 0)) return;
+  const double length = std::sqrt(dx * dx + dy * dy);
+  const double shift = -radius_ * dy / length;
+  const double lift = radius_ * dx / length;
+  const double firstX = from.x + shift;
+  const double last = std::floor((to.x + shift) / slotWidth_ - 0.5);
+  const double first = std::ceil(firstX / slotWidth_ - 0.5);
+  const int begin = static_cast<int>(std::max(first, 0.0));
+  const int end = static_cast<int>(std::min(last, slotCount_ - 1.0));
+  if (!(first <= last)) return;
+
+  const double slope = dy / dx;
+  const auto start =
+      static_cast<float>(from.y + lift + slope * ((begin + 0.5) * slotWidth_ - firstX));
+  const auto step = static_cast<float>(slope * slotWidth_);
+  float* const boundary = boundary_.data();
+  for (int i = begin; i <= end; ++i)
+    boundary[i] = std::max(boundary[i], start + step * static_cast<float>(i - begin));
+}
+
+void StrokeBoundary::addPens(int firstSlot, int lastSlot) {
+  const auto squaredRadius = static_cast<float>(radius_ * radius_);
+  const float* const pointX = pointX_.data();
+  const float* const pointY = pointY_.data();
+  float* const boundary = boundary_.data();
+  for (int offset = -reach_; offset <= reach_; ++offset) {
+    const int begin = std::max(firstSlot, offset);
+    const int end = std::min(lastSlot, slotCount_ - 1 + offset);
+    const auto shift = static_cast<float>(offset * slotWidth_);
+    for (int i = begin; i <= end; ++i) {
+      const float distance = pointX[i] + shift;
+      const float rest = squaredRadius - distance * distance;
+      const float reached = pointY[i] + std::sqrt(std::max(rest, 0.0F));
+      boundary[i - offset] = std::max(boundary[i - offset], rest >= 0 ? reached : kNowhere);
+    }
+  }
+}
+
+void StrokeBoundary::clear(int firstSlot, int lastSlot) {
+  std::fill(pointY_.begin() + firstSlot, pointY_.begin() + lastSlot + 1, kNowhere);
+  std::fill(boundary_.begin() + firstSlot, boundary_.begin() + lastSlot + 1, kNowhere);
+}
+
+}  // namespace vexel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <CoreGraphics/CGPoint.h>
+
+#include <vector>
+
+namespace vexel {
+
+/// How far a stroke with a round pen reaches in the direction of growing y, on sampling lines in
+/// the middles of slots of equal width. Slot i covers x from i to i + 1 slot widths; y and the
+/// pen's radius are in pixels.
+///
+/// The stroke's boundary is the outermost of two kinds of pieces: the pen around points, of which
+/// one per slot is taken, and the straight lines beside segments.
+class StrokeBoundary {
+ public:
+  StrokeBoundary(int slotCount, double slotWidth, double radius);
+
+  /// The point whose pen counts in a slot; x in pixels from the slots' start.
+  void setPoint(int slot, CGPoint point);
+
+  /// A segment from left to right.
+  void addSegment(CGPoint from, CGPoint to);
+
+  /// Takes in the pens around the points of a range of slots, both ends included.
+  void addPens(int firstSlot, int lastSlot);
+
+  /// Minus infinity where the stroke does not reach the line.
+  float at(int slot) const { return boundary_[static_cast<std::size_t>(slot)]; }
+
+  /// Forgets a range of slots, both ends included.
+  void clear(int firstSlot, int lastSlot);
+
+ private:
+  int slotCount_;
+  double slotWidth_;
+  double radius_;
+  int reach_;
+  std::vector<float> pointY_;
+  std::vector<float> pointX_;  // from the slot's middle
+  std::vector<float> boundary_;
+};
+
+}  // namespace vexel
