@@ -227,9 +227,11 @@ std::optional<Impact> measured(double day, double distance, const Grain& grain,
 
 ImpactSample impactSample() {
   constexpr double step = 0.125;  // days, during which the rate stays the same
+  constexpr int steps = static_cast<int>(days / step);
   std::vector<Impact> impacts;
   RandomSource random(seed);
-  for (double start = firstDay; start < firstDay + days; start += step) {
+  for (int i = 0; i < steps; ++i) {
+    const double start = firstDay + i * step;
     const double rate = Surroundings(start + step / 2).rate();
     for (double day = start; (day += random.exponential() / rate) < start + step;) {
       const Surroundings surroundings(day);

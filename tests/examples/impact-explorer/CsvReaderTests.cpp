@@ -20,8 +20,6 @@ namespace {
 using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::NanSensitiveDoubleEq;
 
 constexpr double absent = std::numeric_limits<double>::quiet_NaN();
 
@@ -69,7 +67,7 @@ class CsvReader : public testing::Test {
   TemporaryFolder folder_;
 };
 
-auto are(std::vector<double> values) {
+auto are(const std::vector<double>& values) {
   return testing::Pointwise(testing::NanSensitiveDoubleEq(), values);
 }
 
@@ -260,9 +258,7 @@ TEST_F(CsvReader, LinesAreCountedAsAnEditorCountsThem) {
       {"\n\r\n\ra,b\n1,2\n\n \n\r\nx,3", 9},
       {"\"a\n\n\",b\n1,2\nx,3\n", 5},
       {"a,b\n1,\"\r\n2\"\nx,\"\n\n3\"\n", 4},
-      {"\xEF\xBB\xBF"
-       "a,b\n1,2\nx,3",
-       3},
+      {"\uFEFFa,b\n1,2\nx,3", 3},
   };
   for (const auto& c : cases) {
     const auto content = read(c.text);
@@ -276,11 +272,9 @@ TEST_F(CsvReader, LineEndsAndByteOrderMarkMakeNoDifference) {
   const Table expected{{{"a", {1, 3}}, {"b", {2, 4}}}};
   for (const char* text :
        {"a,b\n1,2\n3,4\n", "a,b\n1,2\n3,4", "a,b\r\n1,2\r\n3,4\r\n", "a,b\r\n1,2\r\n3,4",
-        "a,b\r1,2\r3,4\r",
-        "\xEF\xBB\xBF"
-        "a,b\r\n1,2\r\n3,4\r\n",
-        "\n\na,b\n\n1,2\n   \n3,4\n\n", " a , b \n 1 ,\t2\n3 , 4 \n",
-        "\"a\",\"b\"\n\"1\",\" 2 \"\n3,\"4\"\n", "\xEF\xBB\xBF\"a\",b\n1,2\n3,4\n"})
+        "a,b\r1,2\r3,4\r", "\uFEFFa,b\r\n1,2\r\n3,4\r\n", "\n\na,b\n\n1,2\n   \n3,4\n\n",
+        " a , b \n 1 ,\t2\n3 , 4 \n", "\"a\",\"b\"\n\"1\",\" 2 \"\n3,\"4\"\n",
+        "\xEF\xBB\xBF\"a\",b\n1,2\n3,4\n"})
     EXPECT_EQ(read(text).table, expected) << testing::PrintToString(text);
 }
 
@@ -372,8 +366,8 @@ TEST_F(CsvReader, LineNumbersStayRightInLongFiles) {
   for (const std::string lineEnd : {"\n", "\r\n", "\r"}) {
     for (std::size_t padding = 0; padding < 12; ++padding) {
       std::string text = "a" + lineEnd + std::string(padding, '0') + "1" + lineEnd;
-      for (int i = 0; i < 30'000; ++i) text += "22" + lineEnd;
-      const auto content = read(text + "x" + lineEnd);
+      for (int i = 0; i < 30'000; ++i) text.append("22").append(lineEnd);
+      const auto content = read(text.append("x").append(lineEnd));
       ASSERT_EQ(content.report.complaints.size(), 1);
       EXPECT_EQ(content.report.complaints[0].location.line, 30'003);
     }

@@ -26,7 +26,7 @@ TEST(RandomSource, UniformNumbersFillTheUnitInterval) {
     ASSERT_LT(u, 1);
     ++bins[static_cast<std::size_t>(10 * u)];
   }
-  for (const int count : bins) EXPECT_NEAR(count, draws / 10, 500);  // five standard deviations
+  for (const int count : bins) EXPECT_NEAR(count, draws / 10.0, 500);  // five standard deviations
 }
 
 TEST(RandomSource, ExponentialNumbersHaveMeanOneAndFallAsTheyShould) {

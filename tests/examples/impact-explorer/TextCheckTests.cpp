@@ -65,8 +65,7 @@ TEST(TextCheck, AcceptsUTF8) {
       "\xEF\xBF\xBF",
       "\xF0\x90\x80\x80",
       "\xF4\x8F\xBF\xBF",
-      "Gr\xC3\xB6\xC3\x9F"
-      "e [\xC2\xB5m], 10 \xE2\x82\xAC, \xF0\x9F\x98\x80",
+      "Gr\u00F6\u00DFe [\u00B5m], 10 \u20AC, \U0001F600",
   };
   for (const auto& bytes : cases) EXPECT_TRUE(passes(bytes)) << testing::PrintToString(bytes);
 }

@@ -81,8 +81,8 @@ TEST(TimeColumn, AMissingOneIsAnsweredWithTheNamesToChooseFrom) {
 }
 
 TEST(TimeColumn, TheListOfNamesIsNotEndless) {
-  std::vector<std::string> names;
-  for (int i = 0; i < 10'000; ++i) names.push_back("c" + std::to_string(i));
+  std::vector<std::string> names(10'000);
+  for (std::size_t i = 0; i < names.size(); ++i) names[i] = "c" + std::to_string(i);
   EXPECT_THAT(errorOf(tableOf(names), "x"), testing::EndsWith("\"c18\", \"c19\" and 9980 more"));
 }
 

@@ -259,6 +259,7 @@ TEST_F(DDLogTest, EveryMessageOfEveryThreadArrivesOnceAndInTheThreadsOrder) {
     }
   });
   std::vector<std::thread> logging;
+  logging.reserve(threads);
   for (int t = 0; t < threads; ++t)
     logging.emplace_back([t] {
       for (int i = 0; i < each; ++i)

@@ -52,6 +52,7 @@ TEST(DDTTYLogger, KeepsLinesOfDifferentThreadsApart) {
   DDTTYLogger logger;
   testing::internal::CaptureStderr();
   std::vector<std::thread> running;
+  running.reserve(threads);
   for (int t = 0; t < threads; ++t)
     running.emplace_back([&logger, t] {
       for (int i = 0; i < each; ++i) logger.log({.message = std::string(100, char('a' + t))});

@@ -35,7 +35,7 @@ class RecordingLogger : public DDLogger {
 
 /// Puts the shared log back as it was after each test.
 class LogFixture : public testing::Test {
- protected:
+ public:
   LogFixture() { log().removeAllLoggers(); }
   ~LogFixture() override {
     log().removeAllLoggers();
@@ -43,6 +43,7 @@ class LogFixture : public testing::Test {
     DDLog::setDynamicLevel(levelBefore_);
   }
 
+ protected:
   static DDLog& log() { return DDLog::sharedInstance(); }
 
   std::shared_ptr<RecordingLogger> addRecorder() {
