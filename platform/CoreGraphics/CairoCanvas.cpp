@@ -179,19 +179,28 @@ void CairoCanvas::strokePath(const CGPath& devicePath, const CGStrokeStyle& styl
   cairo_t* cr = cairo_.get();
   setPath(devicePath);
   setColor(style.color);
-  cairo_set_line_width(cr, std::min(style.width, kSafeReach / meanScale(state_.transform)));
+  // The path is in the device already; the pen is not. A round one needs no transform there, which
+  // keeps files small.
+  const CGAffineTransform& t = state_.transform;
+  const bool isRound = keepsShapes(t);
+  const CGFloat unit = isRound ? meanScale(t) : 1;
+  if (!isRound) setMatrix({t.a, t.b, t.c, t.d, 0, 0});
+
+  cairo_set_line_width(cr, std::min(style.width, kSafeReach / meanScale(t)) * unit);
   cairo_set_line_cap(cr, lineCap(style.cap));
   cairo_set_line_join(cr, lineJoin(style.join));
   cairo_set_miter_limit(cr, usableMiterLimit(style));
-  const std::vector<double> dashes = usableDashes(style);
+  std::vector<double> dashes = usableDashes(style);
   CGFloat period = 0;
-  for (const CGFloat length : dashes) period += 2 * length;
-  const CGFloat phase = dashes.empty() ? 0 : std::fmod(dashOffset, period);
+  for (double& length : dashes) {
+    length *= unit;
+    period += 2 * length;
+  }
+  // Scaled to nothing or beyond all numbers.
+  if (!(period > 0 && std::isfinite(period))) dashes.clear();
+  const CGFloat phase = dashes.empty() ? 0 : std::fmod(dashOffset * unit, period);
   cairo_set_dash(cr, dashes.data(), static_cast<int>(dashes.size()),
                  std::isfinite(phase) ? phase : 0);
-  // The path is in the device already; the pen is not.
-  const CGAffineTransform& t = state_.transform;
-  setMatrix({t.a, t.b, t.c, t.d, 0, 0});
   cairo_stroke(cr);
 }
 

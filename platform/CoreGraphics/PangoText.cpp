@@ -27,6 +27,9 @@ struct AttributesRelease {
 struct OptionsRelease {
   void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
 };
+struct DescriptionRelease {
+  void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
+};
 struct IteratorRelease {
   void operator()(PangoLayoutIter* iterator) const { pango_layout_iter_free(iterator); }
 };
@@ -75,13 +78,17 @@ PangoAlignment alignment(CGTextAlignment alignment) {
 // The characters of a layout and how each run of them looks.
 class StyledText {
  public:
-  explicit StyledText(const CGText& text) : attributes_(pango_attr_list_new()) {
+  explicit StyledText(const CGText& text)
+      : attributes_(pango_attr_list_new()), lastFont_(pango_font_description_new()) {
     for (const CGTextRun& run : text.runs)
       if (const CGFloat size = usableSize(run.font.size); size > 0) add(run, size);
   }
 
   const std::string& characters() const { return characters_; }
   PangoAttrList* attributes() const { return attributes_.get(); }
+
+  /// The font of an empty last line, which has no characters to carry attributes.
+  const PangoFontDescription* lastFont() const { return lastFont_.get(); }
 
   CGColor colorAt(std::size_t byte) const {
     const auto next = std::ranges::upper_bound(runs_, byte, {}, &Run::start);
@@ -102,7 +109,10 @@ class StyledText {
       return static_cast<int>(std::lround(points * PANGO_SCALE));
     };
     size = std::min(size, kMaximumFontSize);
-    apply(pango_attr_family_new(validUtf8(run.font.family).c_str()));
+    const std::string family = validUtf8(run.font.family);
+    pango_font_description_set_family(lastFont_.get(), family.c_str());
+    pango_font_description_set_absolute_size(lastFont_.get(), size * PANGO_SCALE);
+    apply(pango_attr_family_new(family.c_str()));
     apply(pango_attr_size_new_absolute(units(run.superscript == 0 ? size : size * kScriptSize)));
     if (run.superscript != 0)
       apply(pango_attr_rise_new(
@@ -123,6 +133,7 @@ class StyledText {
   std::string characters_;
   std::vector<Run> runs_;
   std::unique_ptr<PangoAttrList, AttributesRelease> attributes_;
+  std::unique_ptr<PangoFontDescription, DescriptionRelease> lastFont_;
 };
 
 CGFloat points(int units) {
@@ -224,6 +235,7 @@ PangoText::PangoText(const CGText& text) {
   layout_.reset(pango_layout_new(sharedContext()));
   pango_layout_set_text(layout_.get(), styled.characters().data(),
                         static_cast<int>(styled.characters().size()));
+  pango_layout_set_font_description(layout_.get(), styled.lastFont());
   pango_layout_set_attributes(layout_.get(), styled.attributes());
   pango_layout_set_alignment(layout_.get(), alignment(text.alignment));
   PangoRectangle logical;

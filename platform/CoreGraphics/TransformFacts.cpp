@@ -32,6 +32,12 @@ CGFloat meanScale(const CGAffineTransform& t) {
   return std::sqrt(std::abs(determinant(t)));
 }
 
+bool keepsShapes(const CGAffineTransform& t) {
+  const CGFloat area = std::abs(determinant(t));
+  const auto isNothing = [&](CGFloat v) { return std::abs(v) <= kRoundingError * area; };
+  return isNothing(t.a * t.a + t.b * t.b - area) && isNothing(t.c * t.c + t.d * t.d - area);
+}
+
 bool keepsAxes(const CGAffineTransform& t) {
   return areNothing(t.b, t.c, t.a, t.d);
 }

@@ -1,0 +1,200 @@
+#include <CoreGraphics/CGDocumentContext.h>
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include "Bitmaps.h"
+
+namespace vexel {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+using Format = CGDocumentContext::Format;
+using Document = std::unique_ptr<CGDocumentContext>;
+
+constexpr Format kFormats[] = {Format::pdf, Format::svg};
+
+Document makeDocument(Format format) {
+  return CGDocumentContext::create(format, {320, 240});
+}
+
+std::shared_ptr<const CGImage> translucentImage(bool interpolates) {
+  CGImageLayout layout;
+  layout.width = 2;
+  layout.height = 2;
+  layout.bytesPerRow = 8;
+  layout.alphaInfo = CGImageAlphaInfo::premultipliedFirst;
+  layout.interpolates = interpolates;
+  return CGImage::create(layout, {255, 9, 9, 9, 128, 8, 8, 8, 64, 7, 7, 7, 0, 0, 0, 0});
+}
+
+void drawScene(CGContext& context) {
+  context.drawText({{{"Charge ", {}}, {"10", {.bold = true}, kRed}, {"-3", {}, kRed, 1}}},
+                   {50.5, 185});
+  context.drawImage(*columnImage({1, 2, 3}), CGRect::make(260.5, 80, 20, 100));
+  context.drawImage(*translucentImage(false), CGRect::make(200, 80, 20, 100));
+  context.drawImage(*translucentImage(true), CGRect::make(230, 80, 20, 100));
+  {
+    const CGSavedState state(context);
+    context.clip(ellipsePath(40, 30, 180, 150));
+    context.fill(rectPath(20, 20, 100, 100), CGColor::genericRGB(0, 0.5, 1, 0.5));
+    context.rotate(0.3);
+    context.drawText({{{"slanted", {.italic = true}, CGColor::genericGray(0, 0.3)}}}, {60, 60});
+  }
+  const std::vector<CGPoint> centers{{20.5, 20}, {40, 30}, {1e9, 5}, {kNaN, 5}};
+  const CGStrokeStyle style{.width = 0.75, .dashPattern = {2.5, 1}};
+  context.drawSymbols(ellipsePath(-3, -3, 6, 6), &kRed, &style, centers);
+  context.stroke(linePath({-1e12, 60}, {1e12, 62}), style);
+}
+
+std::string drawn(Format format) {
+  const Document document = makeDocument(format);
+  drawScene(*document);
+  return document->finish();
+}
+
+TEST(CGDocumentContext, RefusesSizesThatAPageCannotHave) {
+  for (const Format format : kFormats)
+    for (const CGSize& size : {CGSize{kNaN, 10}, CGSize{10, kNaN}, CGSize{kInfinity, 10},
+                               CGSize{0, 10}, CGSize{10, 0}, CGSize{-5, 10}, CGSize{14401, 10}})
+      EXPECT_THROW(CGDocumentContext::create(format, size), CGContextError);
+}
+
+TEST(CGDocumentContext, GivesEqualBytesForEqualDrawing) {
+  for (const Format format : kFormats) {
+    const std::string first = drawn(format);
+    EXPECT_EQ(first, drawn(format));
+    // Other surfaces in between.
+    const Document document = makeDocument(format), pdf = makeDocument(Format::pdf),
+                   svg = makeDocument(Format::svg);
+    const Bitmap bitmap = whiteBitmap(320, 240);
+    for (CGContext* context :
+         {static_cast<CGContext*>(bitmap.get()), static_cast<CGContext*>(svg.get()),
+          static_cast<CGContext*>(document.get()), static_cast<CGContext*>(pdf.get())})
+      drawScene(*context);
+    pdf->finish();
+    EXPECT_EQ(document->finish(), first);
+    EXPECT_EQ(svg->finish(), drawn(Format::svg));
+  }
+}
+
+TEST(CGDocumentContext, GivesTheSameBytesInEveryProcess) {
+  // The other process starts from the beginning: other addresses, other counters, a later time.
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto digest = [](int earlierFiles) {
+    for (int i = 0; i < earlierFiles; ++i) drawn(Format::svg);
+    return "digest " + std::to_string(std::hash<std::string>()(drawn(Format::pdf))) + " " +
+           std::to_string(std::hash<std::string>()(drawn(Format::svg)));
+  };
+  EXPECT_EXIT(
+      {
+        std::fputs(digest(3).c_str(), stderr);
+        std::exit(0);
+      },
+      testing::ExitedWithCode(0), digest(0));
+}
+
+TEST(CGDocumentContext, WritesAPdfOfOnePageWithItsSizeInPoints) {
+  const std::string pdf = drawn(Format::pdf);
+  EXPECT_THAT(pdf, StartsWith("%PDF-1."));
+  EXPECT_THAT(pdf, HasSubstr("%%EOF"));
+  EXPECT_THAT(pdf, HasSubstr("/MediaBox [ 0 0 320 240 ]"));
+  EXPECT_THAT(pdf, HasSubstr("/Count 1"));
+  EXPECT_THAT(pdf, Not(HasSubstr("Date")));
+}
+
+TEST(CGDocumentContext, EmbedsFontsAndTheirCharactersInAPdf) {
+  // Fonts are there when text is text; the map to Unicode makes it searchable.
+  const std::string pdf = drawn(Format::pdf);
+  EXPECT_THAT(pdf, HasSubstr("/Type /Font\n"));
+  EXPECT_THAT(pdf, HasSubstr("LiberationSans"));
+  EXPECT_THAT(pdf, HasSubstr("/FontFile"));
+  EXPECT_THAT(pdf, HasSubstr("/ToUnicode"));
+  EXPECT_THAT(makeDocument(Format::pdf)->finish(), Not(HasSubstr("/Type /Font\n")));
+}
+
+TEST(CGDocumentContext, EmbedsEachImageOnce) {
+  const Document pdf = makeDocument(Format::pdf), svg = makeDocument(Format::svg);
+  for (CGContext* context :
+       {static_cast<CGContext*>(pdf.get()), static_cast<CGContext*>(svg.get())})
+    context->drawImage(*columnImage(std::vector<std::uint32_t>(256, 0x123456u)),
+                       CGRect::make(10.3, 10.4, 20, 200));
+  const auto count = [](const std::string& text, std::string_view part) {
+    int found = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+      ++found;
+    return found;
+  };
+  EXPECT_EQ(count(pdf->finish(), "/Subtype /Image"), 1);
+  const std::string svgFile = svg->finish();
+  EXPECT_EQ(count(svgFile, "<image"), 1);
+  EXPECT_EQ(count(svgFile, "<pattern"), 0);
+}
+
+TEST(CGDocumentContext, SendsPixelsEnlargedUnlessTheImageInterpolates) {
+  for (const bool interpolates : {false, true}) {
+    const Document svg = makeDocument(Format::svg);
+    svg->drawImage(*translucentImage(interpolates), CGRect::make(10, 10, 20, 10));
+    // 20 x 10 points at 4 pixels per point.
+    EXPECT_THAT(svg->finish(), HasSubstr(interpolates ? "width=\"2\" height=\"2\""
+                                                      : "width=\"80\" height=\"40\""));
+  }
+}
+
+TEST(CGDocumentContext, WritesAnSvgWithItsSizeInPoints) {
+  const std::string svg = drawn(Format::svg);
+  EXPECT_THAT(svg, StartsWith("<?xml"));
+  EXPECT_THAT(svg, HasSubstr("width=\"320pt\" height=\"240pt\" viewBox=\"0 0 320 240\""));
+  EXPECT_THAT(svg, HasSubstr("</svg>"));
+}
+
+TEST(CGDocumentContext, WritesNumbersWithAPointInEveryLocale) {
+  const Document svg = makeDocument(Format::svg);
+  svg->stroke(linePath({10.5, 20.25}, {30, 40}), {.width = 1.5});
+  const std::string file = svg->finish();
+  EXPECT_THAT(file, HasSubstr("M 10.5 219.75 L 30 200"));
+  EXPECT_THAT(file, HasSubstr("stroke-width:1.5"));
+}
+
+TEST(CGDocumentContext, CutsLongLinesNearThePage) {
+  const Document svg = makeDocument(Format::svg);
+  svg->stroke(linePath({-1e9, 100}, {1e9, 100}), {});
+  svg->fill(rectPath(-1e9, 50, 2e9, 10), kRed);
+  const std::string file = svg->finish();
+  EXPECT_THAT(file, Not(testing::ContainsRegex("[0-9]{6}")));
+  EXPECT_THAT(file, HasSubstr("<path"));
+}
+
+TEST(CGDocumentContext, IgnoresWhatIsDrawnAfterTheEnd) {
+  for (const Format format : kFormats) {
+    const Document document = makeDocument(format);
+    drawScene(*document);
+    const std::string bytes = document->finish();
+    drawScene(*document);
+    document->saveState();
+    document->restoreState();
+    EXPECT_EQ(document->finish(), bytes);
+  }
+}
+
+TEST(CGDocumentContext, MayBeLeftUnfinished) {
+  for (const Format format : kFormats) drawScene(*makeDocument(format));
+}
+
+TEST(CGDocumentContext, IgnoresARestoreWithoutSaveAndASaveWithoutRestore) {
+  for (const Format format : kFormats) {
+    const Document document = makeDocument(format);
+    document->restoreState();
+    document->saveState();
+    EXPECT_FALSE(document->finish().empty());
+  }
+}
+
+}  // namespace
+}  // namespace vexel

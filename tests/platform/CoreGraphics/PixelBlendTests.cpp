@@ -1,0 +1,40 @@
+#include "PixelBlend.h"
+
+#include <gtest/gtest.h>
+
+#include "Bitmaps.h"
+
+namespace vexel {
+namespace {
+
+TEST(PixelBlend, RoundsEveryProductOfBytesToTheNearest) {
+  for (std::uint32_t value = 0; value < 256; ++value) {
+    for (std::uint32_t factor = 0; factor < 256; ++factor) {
+      const std::uint32_t expected = (2 * value * factor + 255) / 510;
+      ASSERT_EQ(scaledPixel(value * 0x01010101u, factor), expected * 0x01010101u)
+          << value << " * " << factor;
+    }
+  }
+}
+
+TEST(PixelBlend, KeepsTheBytesApart) {
+  EXPECT_EQ(scaledPixel(0xff00ff00u, 255), 0xff00ff00u);
+  EXPECT_EQ(scaledPixel(0x00ff00ffu, 128), 0x00800080u);
+}
+
+TEST(PixelBlend, NeverOverflowsForPremultipliedPixels) {
+  for (std::uint32_t alpha = 0; alpha < 256; ++alpha)
+    for (std::uint32_t below = 0; below < 256; ++below)
+      ASSERT_GE(pixelOver(alpha * 0x01010101u, below * 0x01010101u) & 255, alpha);
+  EXPECT_EQ(pixelOver(kRedPixel, 0x12345678u), kRedPixel);
+  EXPECT_EQ(pixelOver(0, 0x12345678u), 0x12345678u);
+}
+
+TEST(PixelBlend, PremultipliesAndBoundsColours) {
+  EXPECT_EQ(premultipliedPixel(CGColor::genericRGB(kNaN, kInfinity, -1, 7)), 0xff00ff00u);
+  EXPECT_EQ(premultipliedPixel(CGColor::genericRGB(1, 0.5, 0, kNaN)), 0u);
+  EXPECT_EQ(premultipliedPixel(CGColor::genericRGB(1, 0.5, 0, 0.5)), 0x80804000u);
+}
+
+}  // namespace
+}  // namespace vexel
