@@ -37,6 +37,11 @@ double median(std::vector<double> numbers) {
   return *middle;
 }
 
+bool spansDecades(const std::vector<double>& values) {
+  const auto [least, greatest] = std::minmax_element(values.begin(), values.end());
+  return *least > 0 && *greatest / *least >= kLogarithmicFrom;
+}
+
 void chooseValueAxis(Band& band) {
   const std::vector<double> values = finiteOf(band.values);
   if (values.empty()) return;
@@ -44,7 +49,7 @@ void chooseValueAxis(Band& band) {
   double low = std::max(*least, -kLargest);
   double high = std::min(*greatest, kLargest);
 
-  band.logarithmic = band.style != BandStyle::bars && low > 0 && high / low >= kLogarithmicFrom;
+  band.logarithmic = band.style != BandStyle::bars && spansDecades(values);
   if (band.logarithmic) {
     band.lower = std::pow(10, std::floor(std::log10(low)));
     band.upper = std::pow(10, std::ceil(std::log10(high)));
@@ -79,12 +84,15 @@ Band columnBand(const Table& table, std::size_t time, std::size_t column) {
 }  // namespace
 
 BandStyle suitableStyle(const std::vector<double>& values) {
-  const std::vector<double> present = finiteOf(values);
+  std::vector<double> present = finiteOf(values);
   if (present.empty()) return BandStyle::symbols;
   const bool counts = std::all_of(present.begin(), present.end(), [](double value) {
     return value >= 0 && value == std::floor(value);
   });
   if (counts) return BandStyle::bars;
+  // What is shown logarithmically is smooth when its logarithms are.
+  if (spansDecades(present))
+    for (double& value : present) value = std::log10(value);
   const auto [least, greatest] = std::minmax_element(present.begin(), present.end());
   std::vector<double> steps;
   for (std::size_t i = 1; i < present.size(); ++i)

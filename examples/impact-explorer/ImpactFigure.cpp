@@ -8,7 +8,7 @@ namespace {
 
 // Room of a band on the left, top, right and bottom of its plot area, and what the lowest band
 // takes in addition for the labels and the title of the time axis, in points.
-const std::vector<CGFloat> kBandPadding = {76, 7, 22, 7};
+const std::vector<CGFloat> kBandPadding = {78, 9, 22, 9};
 constexpr CGFloat kTopPadding = 10;
 constexpr CGFloat kTimeAxisPadding = 44;
 constexpr float kTimeTitleOffset = 22;
@@ -90,6 +90,7 @@ void ImpactFigure::addAxes(const std::shared_ptr<CPTXYGraph>& graph, const Band&
   if (band.logarithmic)
     std::dynamic_pointer_cast<CPTXYPlotSpace>(graph->defaultPlotSpace())
         ->setYScaleType(CPTScaleTypeLog);
+  // Only the lowest band says what time it is.
   if (!isLowest) graph->axisSet()->axes().front()->setTitle(std::nullopt);
 }
 
