@@ -24,7 +24,7 @@ struct CGFont {
 /// A piece of text in one style. UTF-8; bytes that are not are drawn as U+FFFD.
 struct CGTextRun {
   std::string text;
-  CGFont font;
+  CGFont font = {};
   CGColor color = CGColor::genericGray(0);
   /// Superscript 1, subscript -1, on the line 0: set at 0.7 of the font size, raised by 0.4 or
   /// lowered by 0.2 of it.

@@ -15,7 +15,7 @@ namespace vexel {
 struct NSNotification {
   std::string name;
   NSObject* object = nullptr;
-  std::any userInfo;
+  std::any userInfo = {};
 };
 
 /// Delivers notifications at once, in the order in which observers registered. An observer that
