@@ -13,6 +13,9 @@ constexpr int kTileWidth = 16;
 constexpr int kUnitsPerRow = 256;  // of y
 constexpr int kFullCoverage = 256;
 
+/// Four columns of full coverage.
+constexpr std::uint64_t kFullWord = 0x0100010001000100;
+
 using Channels = std::uint16_t __attribute__((vector_size(16)));  // of two pixels
 using Bytes = std::uint8_t __attribute__((vector_size(8)));
 using Tile = std::int16_t __attribute__((vector_size(2 * kTileWidth)));
@@ -37,7 +40,10 @@ Channels dividedBy255(Channels product) {
 class TileFill {
  public:
   TileFill(int rowCount, int linesPerPixel, std::uint32_t color)
-      : rowCount_(rowCount), shift_(std::countr_zero(static_cast<unsigned>(linesPerPixel))) {
+      : color_(color),
+        isOpaque_(color >= 0xFF000000),
+        rowCount_(rowCount),
+        shift_(std::countr_zero(static_cast<unsigned>(linesPerPixel))) {
     half_ = Tile{} + static_cast<std::int16_t>(linesPerPixel / 2);
     // An edge on the last row's lower end writes the two rows behind it.
     differences_.resize(static_cast<std::size_t>(rowCount) + 2);
@@ -87,6 +93,10 @@ class TileFill {
     std::uint64_t words[sizeof(Tile) / 8];
     std::memcpy(words, &coverage, sizeof words);
     if ((words[0] | words[1] | words[2] | words[3]) == 0) return;
+    if (isOpaque_ && (words[0] & words[1] & words[2] & words[3]) == kFullWord) {
+      std::fill_n(pixels, columns, color_);
+      return;
+    }
     if (columns == kTileWidth) {
       blendPixels(pixels, coverage);
       return;
@@ -110,6 +120,8 @@ class TileFill {
     }
   }
 
+  std::uint32_t color_;
+  bool isOpaque_;
   int rowCount_;
   int shift_;  // from sums over the lines of a pixel to its coverage
   Tile half_;

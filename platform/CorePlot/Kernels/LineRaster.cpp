@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 
 #include "IntervalFill.h"
 #include "LineIntervals.h"
@@ -26,42 +27,69 @@ constexpr double kFar = 1e8;
 class StrokeIntervals {
  public:
   StrokeIntervals(const PixelRect& view, double radius, int linesPerPixel)
-      : slotsPerPixel_(linesPerPixel),
+      : radius_(radius),
+        slotsPerPixel_(linesPerPixel),
         margin_(static_cast<int>(std::ceil(radius * linesPerPixel)) + 1),
         lineCount_(view.width() * linesPerPixel),
         slotCount_(lineCount_ + 2 * margin_),
         left_(view.left - margin_ / slotsPerPixel_),
         top_(view.top),
-        below_(slotCount_, 1 / slotsPerPixel_, radius),
-        above_(slotCount_, 1 / slotsPerPixel_, radius),
+        below_(slotCount_, linesPerPixel, radius),
+        above_(slotCount_, linesPerPixel, radius),
         intervals_(lineCount_) {}
 
-  /// The next point of the run; its x is not below that of the last one.
-  void add(CGPoint devicePoint) {
-    const CGPoint p = {devicePoint.x - left_, devicePoint.y - top_};
-    const int slot = slotAt(p.x);
-    if (count_ == 0) {
-      firstSlot_ = slot;
-      startSlot(slot, p);
-    } else if (slot == slot_) {
-      if (p.y > highest_.y) highest_ = p;
-      if (p.y < lowest_.y) lowest_ = p;
-      if (count_ < kExactPoints) points_[count_] = p;
-      ++count_;
-    } else {
-      finishSlot();
-      addSegment(last_, p);
-      startSlot(slot, p);
+  /// Goes on with the run by the points that are in one slot, the first of which is near and not
+  /// left of the last one. Stops at the first point that is in another slot, far, not finite or
+  /// out of order.
+  template <class Iterator>
+  Iterator addSlot(Iterator begin, Iterator end) {
+    const int slot = slotAt(begin->x);
+    const double slotEnd = slot < slotCount_ ? left_ + (slot + 1) / slotsPerPixel_ : kFar;
+    double x = begin->x;
+    double low = begin->y;
+    double high = begin->y;
+    Iterator lowest = begin;
+    Iterator highest = begin;
+    Iterator point = std::next(begin);
+    for (; point != end; ++point) {
+      if (!(point->x >= x && point->x < slotEnd && std::abs(point->y) <= kFar)) break;
+      x = point->x;
+      if (point->y < low) {
+        low = point->y;
+        lowest = point;
+      }
+      if (point->y > high) {
+        high = point->y;
+        highest = point;
+      }
     }
-    last_ = p;
+
+    if (isEmpty_) firstSlot_ = slot;
+    if (!isEmpty_) addSegment(last_, inView(*begin));
+    if (slot >= 0 && slot < slotCount_) {
+      below_.setPoint(slot, inView(*highest));
+      above_.setPoint(slot, mirrored(inView(*lowest)));
+      if (point - begin <= kExactPoints) {
+        for (Iterator next = std::next(begin); next != point; ++next)
+          addSegment(inView(*std::prev(next)), inView(*next));
+      } else {
+        addSegmentBelow(inView(*begin), inView(*highest));
+        addSegmentBelow(inView(*highest), inView(*std::prev(point)));
+        addSegmentAbove(inView(*begin), inView(*lowest));
+        addSegmentAbove(inView(*lowest), inView(*std::prev(point)));
+      }
+    }
+    isEmpty_ = false;
+    lastSlot_ = slot;
+    last_ = inView(*std::prev(point));
+    return point;
   }
 
   /// Ends the run; the next point starts another.
   void finishRun() {
-    if (count_ == 0) return;
-    finishSlot();
+    if (isEmpty_) return;
     const int first = std::clamp(firstSlot_, 0, slotCount_ - 1);
-    const int last = std::clamp(slot_, 0, slotCount_ - 1);
+    const int last = std::clamp(lastSlot_, 0, slotCount_ - 1);
     below_.addPens(first, last);
     above_.addPens(first, last);
 
@@ -72,47 +100,48 @@ class StrokeIntervals {
       intervals_.add(slot - margin_, -above_.at(slot), below_.at(slot));
     below_.clear(firstReached, lastReached);
     above_.clear(firstReached, lastReached);
-    count_ = 0;
+    isEmpty_ = true;
   }
 
   LineIntervals& intervals() { return intervals_; }
 
  private:
-  static constexpr std::size_t kExactPoints = 4;
+  static constexpr std::ptrdiff_t kExactPoints = 4;
 
   static CGPoint mirrored(CGPoint p) { return {p.x, -p.y}; }
 
   /// -1 and slotCount_ stand for all places outside.
   int slotAt(double x) const {
-    const double slot = x * slotsPerPixel_;
+    const double slot = (x - left_) * slotsPerPixel_;
     return slot < 0 ? -1 : slot >= slotCount_ ? slotCount_ : static_cast<int>(slot);
   }
 
-  void startSlot(int slot, CGPoint p) {
-    slot_ = slot;
-    highest_ = lowest_ = points_[0] = p;
-    count_ = 1;
+  CGPoint inView(CGPoint p) const { return {p.x - left_, p.y - top_}; }
+
+  /// From the middle of a segment that runs to the right to its lower side on the screen.
+  CGPoint penOffset(CGPoint from, CGPoint to) const {
+    const CGPoint d = to - from;
+    const double scale = radius_ / std::sqrt(d.x * d.x + d.y * d.y);
+    return {-d.y * scale, d.x * scale};
   }
 
-  void finishSlot() {
-    if (slot_ < 0 || slot_ >= slotCount_) return;
-    below_.setPoint(slot_, highest_);
-    above_.setPoint(slot_, mirrored(lowest_));
-    if (count_ <= kExactPoints) {
-      for (std::size_t i = 1; i < count_; ++i) addSegment(points_[i - 1], points_[i]);
-    } else {
-      below_.addSegment(points_[0], highest_);
-      below_.addSegment(highest_, last_);
-      above_.addSegment(mirrored(points_[0]), mirrored(lowest_));
-      above_.addSegment(mirrored(lowest_), mirrored(last_));
-    }
+  void addSegment(CGPoint from, CGPoint to) {
+    if (!(from.x < to.x)) return;
+    const CGPoint offset = penOffset(from, to);
+    below_.addSegment(from, to, offset);
+    above_.addSegment(mirrored(from), mirrored(to), {-offset.x, offset.y});
   }
 
-  void addSegment(CGPoint a, CGPoint b) {
-    below_.addSegment(a, b);
-    above_.addSegment(mirrored(a), mirrored(b));
+  void addSegmentBelow(CGPoint from, CGPoint to) {
+    if (from.x < to.x) below_.addSegment(from, to, penOffset(from, to));
   }
 
+  void addSegmentAbove(CGPoint from, CGPoint to) {
+    if (from.x < to.x)
+      above_.addSegment(mirrored(from), mirrored(to), penOffset(mirrored(from), mirrored(to)));
+  }
+
+  double radius_;
   double slotsPerPixel_;
   int margin_;
   int lineCount_;
@@ -123,14 +152,10 @@ class StrokeIntervals {
   StrokeBoundary above_;  // the same of the curve upside down
   LineIntervals intervals_;
 
-  // Of the slot that the last point is in.
-  int slot_ = 0;
-  std::size_t count_ = 0;
-  CGPoint points_[kExactPoints];
-  CGPoint lowest_;
-  CGPoint highest_;
-
+  // Of the run.
+  bool isEmpty_ = true;
   int firstSlot_ = 0;
+  int lastSlot_ = 0;
   CGPoint last_;
 };
 
@@ -138,24 +163,38 @@ bool isFinite(CGPoint p) {
   return std::isfinite(p.x) && std::isfinite(p.y);
 }
 
+bool isNear(CGPoint p) {
+  return std::abs(p.x) <= kFar && std::abs(p.y) <= kFar;
+}
+
+template <class Iterator>
+bool isAscending(Iterator begin, Iterator end, double x) {
+  for (auto point = begin; point != end; ++point) {
+    if (!isFinite(*point)) continue;
+    if (point->x < x) return false;
+    x = point->x;
+  }
+  return true;
+}
+
 enum class Outcome { kAdded, kTooFar, kNotSorted };
 
 template <class Iterator>
 Outcome addAscending(Iterator begin, Iterator end, StrokeIntervals& stroke) {
-  Outcome outcome = Outcome::kAdded;
   double x = -HUGE_VAL;
-  for (auto point = begin; point != end; ++point) {
+  for (auto point = begin; point != end;) {
     if (!isFinite(*point)) {
       stroke.finishRun();
+      ++point;
       continue;
     }
     if (point->x < x) return Outcome::kNotSorted;
-    x = point->x;
-    if (std::abs(x) > kFar || std::abs(point->y) > kFar) outcome = Outcome::kTooFar;
-    if (outcome == Outcome::kAdded) stroke.add(*point);
+    if (!isNear(*point)) return isAscending(point, end, x) ? Outcome::kTooFar : Outcome::kNotSorted;
+    point = stroke.addSlot(point, end);
+    x = std::prev(point)->x;
   }
   stroke.finishRun();
-  return outcome;
+  return Outcome::kAdded;
 }
 
 Outcome add(std::span<const CGPoint> points, StrokeIntervals& stroke) {

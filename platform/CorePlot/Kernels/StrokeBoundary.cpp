@@ -12,11 +12,12 @@ constexpr float kNowhere = -std::numeric_limits<float>::infinity();
 
 }  // namespace
 
-StrokeBoundary::StrokeBoundary(int slotCount, double slotWidth, double radius)
+StrokeBoundary::StrokeBoundary(int slotCount, int slotsPerPixel, double radius)
     : slotCount_(slotCount),
-      slotWidth_(slotWidth),
+      slotsPerPixel_(slotsPerPixel),
+      slotWidth_(1.0 / slotsPerPixel),
       radius_(radius),
-      reach_(static_cast<int>(std::ceil(radius / slotWidth + 0.5))),
+      reach_(static_cast<int>(std::ceil(radius * slotsPerPixel + 0.5))),
       pointY_(static_cast<std::size_t>(slotCount), kNowhere),
       pointX_(static_cast<std::size_t>(slotCount)),
       boundary_(static_cast<std::size_t>(slotCount), kNowhere) {}
@@ -27,27 +28,24 @@ void StrokeBoundary::setPoint(int slot, CGPoint point) {
   pointX_[i] = static_cast<float>(point.x - (slot + 0.5) * slotWidth_);
 }
 
-void StrokeBoundary::addSegment(CGPoint from, CGPoint to) {
-  const double dx = to.x - from.x;
-  const double dy = to.y - from.y;
-  if (!(dx > 0)) return;
-  const double length = std::sqrt(dx * dx + dy * dy);
-  const double shift = -radius_ * dy / length;
-  const double lift = radius_ * dx / length;
-  const double firstX = from.x + shift;
-  const double last = std::floor((to.x + shift) / slotWidth_ - 0.5);
-  const double first = std::ceil(firstX / slotWidth_ - 0.5);
-  const int begin = static_cast<int>(std::max(first, 0.0));
-  const int end = static_cast<int>(std::min(last, slotCount_ - 1.0));
-  if (!(first <= last)) return;
+void StrokeBoundary::addSegment(CGPoint from, CGPoint to, CGPoint offset) {
+  const CGPoint start = from + offset;
+  const int begin = firstLineFrom(start.x);
+  const int end = firstLineFrom(to.x + offset.x);
+  if (begin >= end) return;
 
-  const double slope = dy / dx;
-  const auto start =
-      static_cast<float>(from.y + lift + slope * ((begin + 0.5) * slotWidth_ - firstX));
+  const double slope = (to.y - from.y) / (to.x - from.x);
+  const double first = start.y + slope * ((begin + 0.5) * slotWidth_ - start.x);
+  const auto y = static_cast<float>(first);
   const auto step = static_cast<float>(slope * slotWidth_);
   float* const boundary = boundary_.data();
-  for (int i = begin; i <= end; ++i)
-    boundary[i] = std::max(boundary[i], start + step * static_cast<float>(i - begin));
+  for (int i = begin; i < end; ++i)
+    boundary[i] = std::max(boundary[i], y + step * static_cast<float>(i - begin));
+}
+
+int StrokeBoundary::firstLineFrom(double x) const {
+  const double place = x * slotsPerPixel_ + 0.5;
+  return static_cast<int>(std::clamp(place, 0.0, static_cast<double>(slotCount_)));
 }
 
 void StrokeBoundary::addPens(int firstSlot, int lastSlot) {

@@ -14,13 +14,14 @@ namespace vexel {
 /// one per slot is taken, and the straight lines beside segments.
 class StrokeBoundary {
  public:
-  StrokeBoundary(int slotCount, double slotWidth, double radius);
+  StrokeBoundary(int slotCount, int slotsPerPixel, double radius);
 
   /// The point whose pen counts in a slot; x in pixels from the slots' start.
   void setPoint(int slot, CGPoint point);
 
-  /// A segment from left to right.
-  void addSegment(CGPoint from, CGPoint to);
+  /// The straight line beside a segment, which runs from left to right: the segment moved by an
+  /// offset of the radius' length at a right angle to it. Coordinates are at most 1e8 in size.
+  void addSegment(CGPoint from, CGPoint to, CGPoint offset);
 
   /// Takes in the pens around the points of a range of slots, both ends included.
   void addPens(int firstSlot, int lastSlot);
@@ -32,8 +33,12 @@ class StrokeBoundary {
   void clear(int firstSlot, int lastSlot);
 
  private:
+  /// The first sampling line at or right of a place, at most slotCount_.
+  int firstLineFrom(double x) const;
+
   int slotCount_;
-  double slotWidth_;
+  double slotsPerPixel_;
+  double slotWidth_;  // in pixels
   double radius_;
   int reach_;
   std::vector<float> pointY_;
