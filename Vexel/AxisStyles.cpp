@@ -16,22 +16,26 @@ CPTLineStyle lineStyle(CGFloat width, const CPTColor& color) {
 
 }  // namespace
 
-CPTLineStyle axisLineStyle(PlotTheme theme) {
-  return lineStyle(1, theme.plotCPTColor());
+CPTLineStyle axisLineStyle(Vexel& plot) {
+  return lineStyle(1, plot.theme().plotCPTColor());
 }
 
-CPTLineStyle gridLineStyle(PlotTheme theme) {
+CPTLineStyle gridLineStyle(Vexel& plot) {
+  const PlotTheme theme = plot.theme();
   return lineStyle(theme.gridLineWidth(), theme.markerCPTColor());
 }
 
-void applyTicks(CPTAxis& axis, PlotTheme theme, CPTSign tickSide, CPTSign labelSide) {
+void applyTicks(CPTAxis& axis, Vexel& plot) {
   axis.setMajorTickLength(kMajorTickLength);
+  axis.setMajorTickLineStyle(axisLineStyle(plot));
   axis.setMinorTickLength(kMinorTickLength);
-  axis.setMajorTickLineStyle(axisLineStyle(theme));
-  axis.setMinorTickLineStyle(axisLineStyle(theme));
-  axis.setTickDirection(tickSide);
-  axis.setTickLabelDirection(labelSide);
-  axis.setTitleDirection(labelSide);
+  axis.setMinorTickLineStyle(axisLineStyle(plot));
+}
+
+void applySides(CPTAxis& axis, CPTSign ticks, CPTSign labels) {
+  axis.setTickDirection(ticks);
+  axis.setTickLabelDirection(labels);
+  axis.setTitleDirection(labels);
 }
 
 }  // namespace vexel

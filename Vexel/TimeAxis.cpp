@@ -8,6 +8,8 @@
 #include <Foundation/FatalError.h>
 #include <fmt/format.h>
 
+#include "TimeSteps.h"
+
 namespace vexel {
 
 namespace {
@@ -15,9 +17,8 @@ namespace {
 // A tick lies this far behind its moment, so that rounding does not put it into the day, hour or
 // minute before; in days.
 constexpr double kTickShift = 1e-6;
-// A moment that lies before the start of the range by less than the shift still has its tick
-// inside.
-constexpr double kStartTolerance = 0.9 * kTickShift;
+// Rounding may have put a start that is meant as a full hour or minute this far behind it; in days.
+constexpr double kStartTolerance = 1e-9;
 
 constexpr double kHoursPerDay = 24;
 constexpr double kMinutesPerDay = 1440;
@@ -98,27 +99,22 @@ void addYears(TimeAxis& axis, int year0, int year1) {
     axis.ticks.emplace_back(newYear(year), fmt::format("{:4}", year));
 }
 
+bool isSecondHalf(double julianDay) {
+  return julianDay - std::floor(julianDay) >= 0.5;
+}
+
 void addDaysAcrossNewYear(TimeAxis& axis, const Moment& from, const Moment& to) {
-  const double s = std::floor(from.julianDay + 0.5);
-  const double e =
-      std::floor(to.julianDay) - (to.julianDay - std::floor(to.julianDay) < 0.5 ? 1 : 0);
+  const double s = std::floor(from.julianDay) + (isSecondHalf(from.julianDay) ? 1 : 0);
+  const double e = std::floor(to.julianDay) - (isSecondHalf(to.julianDay) ? 0 : 1);
   const std::int64_t days = integerPart(e + 0.5 - s + 1e-6) + 1;
   std::int64_t step = 1;
   double start = s;
   if (days > 8) {
-    step = std::max<std::int64_t>(integerPart(static_cast<double>(days) / 10.0), 1);
+    step = std::max<std::int64_t>(days / 10, 1);
     const std::int64_t rest = (from.dayOfYear + 1) % step;
     if (rest != 0) start += static_cast<double>(step - rest);
   }
   addTicks(axis, start, static_cast<double>(step), days / step, dayLabel);
-}
-
-int dayStep(int span) {
-  if (span >= 200) return 25;
-  if (span >= 100) return 20;
-  if (span >= 50) return 10;
-  if (span >= 10) return 5;
-  return 1;
 }
 
 void addDaysOfYear(TimeAxis& axis, const Moment& from, const Moment& to) {
@@ -149,25 +145,12 @@ void addPartsOfDay(TimeAxis& axis, const Moment& from, const Moment& to, std::in
   addTicks(axis, first, stepDays, countUpTo(last, first, stepDays), clockLabel);
 }
 
-std::int64_t hourStep(std::int64_t span) {
-  const auto s = integerPart(std::max(1.0, static_cast<double>(span) / 10.0));
-  if (s >= 13) return 12;
-  if (s < 2) return s;
-  return s % 2 == 1 ? s + 1 : s;
-}
-
-std::int64_t minuteStep(std::int64_t span) {
-  if (span > 1000) return 1;
-  if (span >= 40) return 15;
-  if (span >= 31) return 10;
-  if (span >= 11) return 5;
-  return 1;
-}
-
 }  // namespace
 
 TimeAxis timeAxis(const std::vector<double>& range) {
   if (range.size() < 2) fatalError("time axis: a range needs two values");
+  if (std::isnan(range[0]) || std::isnan(range[1]))
+    fatalError("time axis: an end of the range is no number");
   const double x0 = std::min(range[0], range[1]);
   const double x1 = std::max(range[0], range[1]);
   const Moment from(x0, integerPart(x0 + 1e-9));

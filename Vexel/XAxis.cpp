@@ -108,17 +108,19 @@ std::shared_ptr<CPTAxis> Vexel::formatXAxis(const std::shared_ptr<CPTXYGraph>& g
   }
 
   if (*arguments.tickMarks) {
-    const CPTSign outside = *arguments.upperAxis ? CPTSign::positive : CPTSign::negative;
-    const CPTSign inside = *arguments.upperAxis ? CPTSign::negative : CPTSign::positive;
-    applyTicks(*axis, theme(), inside, outside);
+    applyTicks(*axis, *this);
   } else {
     axis->setLabelingPolicy(CPTAxisLabelingPolicy::none);
   }
+  if (*arguments.upperAxis)
+    applySides(*axis, CPTSign::negative, CPTSign::positive);
+  else
+    applySides(*axis, CPTSign::positive, CPTSign::negative);
   if (*arguments.gridLines) {
-    axis->setMajorGridLineStyle(gridLineStyle(theme()));
-    axis->setMinorGridLineStyle(gridLineStyle(theme()));
+    axis->setMajorGridLineStyle(gridLineStyle(*this));
+    axis->setMinorGridLineStyle(gridLineStyle(*this));
   }
-  axis->setAxisLineStyle(axisLineStyle(theme()));
+  axis->setAxisLineStyle(axisLineStyle(*this));
   axis->setSeparateLayers(*arguments.separateLayers);
 
   if (*arguments.noLabels) {

@@ -64,10 +64,12 @@ std::shared_ptr<CPTAxis> format(Vexel& plot, const std::shared_ptr<CPTXYGraph>& 
   }
 
   if (*arguments.tickMarks) {
-    const CPTSign outside = *arguments.rightAxis ? CPTSign::positive : CPTSign::negative;
-    const CPTSign inside = *arguments.rightAxis ? CPTSign::negative : CPTSign::positive;
     axis->setMajorIntervalLength(static_cast<double>(interval));
-    applyTicks(*axis, plot.theme(), inside, outside);
+    applyTicks(*axis, plot);
+    if (*arguments.rightAxis)
+      applySides(*axis, CPTSign::negative, CPTSign::positive);
+    else
+      applySides(*axis, CPTSign::positive, CPTSign::negative);
     axis->setMinorTicksPerInterval(
         arguments.minorTicksPerInterval.value_or(kMinorTicksPerInterval));
   } else {
@@ -76,10 +78,10 @@ std::shared_ptr<CPTAxis> format(Vexel& plot, const std::shared_ptr<CPTXYGraph>& 
   applyExplicit(*axis, arguments);
 
   if (*arguments.gridLines) {
-    axis->setMajorGridLineStyle(gridLineStyle(plot.theme()));
-    if (*arguments.minorGridLines) axis->setMinorGridLineStyle(gridLineStyle(plot.theme()));
+    axis->setMajorGridLineStyle(gridLineStyle(plot));
+    if (*arguments.minorGridLines) axis->setMinorGridLineStyle(gridLineStyle(plot));
   }
-  axis->setAxisLineStyle(axisLineStyle(plot.theme()));
+  axis->setAxisLineStyle(axisLineStyle(plot));
   axis->setTitle(arguments.title);
   if (arguments.titleOffset) axis->setTitleOffset(*arguments.titleOffset);
   axis->setDelegate(dynamic_cast<CPTAxisDelegate*>(&plot));
