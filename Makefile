@@ -12,7 +12,8 @@ help:
 	@echo "make format   put the sources into the common format"
 	@echo "build-PRESET and test-PRESET exist for the presets $(PRESETS)."
 
-demo: build-release
+demo: build/release/build.ninja
+	@cmake --build --preset release --target impact-explorer
 	@mkdir -p build/demo
 	@for theme in black white print; do for type in png pdf svg; do \
 	  $(EXPLORER) --theme $$theme --size 1600x1000 \
