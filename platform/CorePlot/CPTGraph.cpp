@@ -259,11 +259,20 @@ void CPTGraph::drawTitle(CGContext& context, const CGRect& plotArea) const {
 void CPTGraph::displayChart(CGContext& context) {
   if (isHidden()) return;
   const CGSavedState state(context);
-  masksToBorder() ? clipToBorder(context) : context.clip(bounds());
+  context.clip(bounds());
 
   const std::vector<Slice> all = slices();
   const auto draw = [&](CGContext& target, std::size_t first, std::size_t end) {
-    for (std::size_t i = first; i < end; ++i) all[i].draw(target);
+    for (std::size_t i = first; i < end; ++i) {
+      if (!(cornerRadius() > 0)) {
+        all[i].draw(target);
+        continue;
+      }
+      // Each part is cut by itself, so that kept ones look as if drawn with the others.
+      const CGSavedState whole(target);
+      clipToBorder(target);
+      all[i].draw(target);
+    }
   };
   const auto firstDirty =
       std::find_if(all.begin(), all.end(), [](const Slice& slice) { return slice.needsDisplay; });
