@@ -73,10 +73,11 @@ class StrokeIntervals {
         for (Iterator next = std::next(begin); next != point; ++next)
           addSegment(inView(*std::prev(next)), inView(*next));
       } else {
-        addSegmentBelow(inView(*begin), inView(*highest));
-        addSegmentBelow(inView(*highest), inView(*std::prev(point)));
-        addSegmentAbove(inView(*begin), inView(*lowest));
-        addSegmentAbove(inView(*lowest), inView(*std::prev(point)));
+        const Iterator last = std::prev(point);
+        forOutline(begin, highest, last,
+                   [this](CGPoint from, CGPoint to) { addSegmentBelow(from, to); });
+        forOutline(begin, lowest, last,
+                   [this](CGPoint from, CGPoint to) { addSegmentAbove(from, to); });
       }
     }
     isEmpty_ = false;
@@ -114,6 +115,22 @@ class StrokeIntervals {
   int slotAt(double x) const {
     const double slot = (x - left_) * slotsPerPixel_;
     return slot < 0 ? -1 : slot >= slotCount_ ? slotCount_ : static_cast<int>(slot);
+  }
+
+  /// The line through the first point of a slot, an extreme one with its neighbours, and the last.
+  template <class Iterator, class AddSegment>
+  void forOutline(Iterator first, Iterator extreme, Iterator last, AddSegment&& addPiece) {
+    const CGPoint top = inView(*extreme);
+    if (extreme != first) {
+      const Iterator before = std::prev(extreme);
+      if (before != first) addPiece(inView(*first), inView(*before));
+      addPiece(inView(*before), top);
+    }
+    if (extreme != last) {
+      const Iterator after = std::next(extreme);
+      addPiece(top, inView(*after));
+      if (after != last) addPiece(inView(*after), inView(*last));
+    }
   }
 
   CGPoint inView(CGPoint p) const { return {p.x - left_, p.y - top_}; }

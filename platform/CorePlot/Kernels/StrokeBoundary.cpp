@@ -28,24 +28,13 @@ void StrokeBoundary::setPoint(int slot, CGPoint point) {
   pointX_[i] = static_cast<float>(point.x - (slot + 0.5) * slotWidth_);
 }
 
-void StrokeBoundary::addSegment(CGPoint from, CGPoint to, CGPoint offset) {
-  const CGPoint start = from + offset;
-  const int begin = firstLineFrom(start.x);
-  const int end = firstLineFrom(to.x + offset.x);
-  if (begin >= end) return;
-
+void StrokeBoundary::addLine(CGPoint from, CGPoint to, int begin, int end) {
   const double slope = (to.y - from.y) / (to.x - from.x);
-  const double first = start.y + slope * ((begin + 0.5) * slotWidth_ - start.x);
-  const auto y = static_cast<float>(first);
+  const auto y = static_cast<float>(from.y + slope * ((begin + 0.5) * slotWidth_ - from.x));
   const auto step = static_cast<float>(slope * slotWidth_);
   float* const boundary = boundary_.data();
   for (int i = begin; i < end; ++i)
     boundary[i] = std::max(boundary[i], y + step * static_cast<float>(i - begin));
-}
-
-int StrokeBoundary::firstLineFrom(double x) const {
-  const double place = x * slotsPerPixel_ + 0.5;
-  return static_cast<int>(std::clamp(place, 0.0, static_cast<double>(slotCount_)));
 }
 
 void StrokeBoundary::addPens(int firstSlot, int lastSlot) {

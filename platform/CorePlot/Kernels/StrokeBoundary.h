@@ -2,6 +2,8 @@
 
 #include <CoreGraphics/CGPoint.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <vector>
 
 namespace vexel {
@@ -21,7 +23,11 @@ class StrokeBoundary {
 
   /// The straight line beside a segment, which runs from left to right: the segment moved by an
   /// offset of the radius' length at a right angle to it. Coordinates are at most 1e8 in size.
-  void addSegment(CGPoint from, CGPoint to, CGPoint offset);
+  void addSegment(CGPoint from, CGPoint to, CGPoint offset) {
+    const int begin = firstLineFrom(from.x + offset.x);
+    const int end = firstLineFrom(to.x + offset.x);
+    if (begin < end) addLine(from + offset, to + offset, begin, end);
+  }
 
   /// Takes in the pens around the points of a range of slots, both ends included.
   void addPens(int firstSlot, int lastSlot);
@@ -34,7 +40,12 @@ class StrokeBoundary {
 
  private:
   /// The first sampling line at or right of a place, at most slotCount_.
-  int firstLineFrom(double x) const;
+  int firstLineFrom(double x) const {
+    const double place = x * slotsPerPixel_ + 0.5;
+    return static_cast<int>(std::clamp(place, 0.0, static_cast<double>(slotCount_)));
+  }
+
+  void addLine(CGPoint from, CGPoint to, int begin, int end);
 
   int slotCount_;
   double slotsPerPixel_;

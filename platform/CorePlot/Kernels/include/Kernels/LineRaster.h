@@ -21,8 +21,8 @@ namespace vexel {
 /// 256: what is left then is to stroke the curve in the general way.
 ///
 /// Antialiasing is by area in y and by 8 sampling lines per pixel in x, 16 for pens thinner than a
-/// pixel. Of more than four points between two lines only those count that a line drawn through
-/// all would show.
+/// pixel. Where more than four points lie between two lines, the curve is taken through the first,
+/// the lowest and the highest with the neighbours of both, and the last.
 bool strokeSortedLine(std::span<const CGPoint> points, double width, std::uint32_t color,
                       const PixelBuffer& target, const PixelRect& clip);
 
