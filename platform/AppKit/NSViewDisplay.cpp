@@ -70,11 +70,13 @@ bool NSView::subtreeNeedsDisplay() const {
 void NSView::draw(CGContext&, CGRect) {}
 
 void NSView::display(CGContext& context) {
+  const auto keptUntilTheEnd = weak_from_this().lock();
   layoutSubtreeIfNeeded();
   drawSubtree(bounds(), bounds(), {}, context);
 }
 
 void NSView::displayRect(CGRect rect, CGContext& context) {
+  const auto keptUntilTheEnd = weak_from_this().lock();
   layoutSubtreeIfNeeded();
   if (isNumber(rect)) drawSubtree(rect.intersection(bounds()), bounds(), {}, context);
 }
@@ -84,8 +86,7 @@ void NSView::displayRect(CGRect rect, CGContext& context) {
 /// bottom-left corner.
 void NSView::drawSubtree(CGRect rect, CGRect visible, CGPoint offset, CGContext& context) {
   if (hidden_ || rect.isEmpty()) return;
-  const auto keptUntilTheEnd = weak_from_this().lock();
-  if (rect == visible || covers(rect, dirtyRect_.intersection(visible))) setNeedsDisplay(false);
+  if (covers(rect, dirtyRect_.intersection(visible))) setNeedsDisplay(false);
 
   const CGSavedState state(context);
   const CGPoint origin = offset - boundsOrigin_;

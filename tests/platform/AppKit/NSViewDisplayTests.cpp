@@ -3,6 +3,7 @@
 #include <CoreGraphics/CGRecordingContext.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <functional>
 #include <limits>
@@ -282,6 +283,24 @@ TEST_F(NSViewDisplay, AMarkThatCannotBeSeenNeedsNoDisplay) {
   child->setNeedsDisplayInRect(CGRect::make(15, 0, 10, 10));
   EXPECT_TRUE(child->needsDisplay());
   EXPECT_FALSE(host->subtreeNeedsDisplay());
+}
+
+RC_GTEST_PROP(NSView, DisplayForgetsAllMarksHoweverLargeAndFarViewsAre, ()) {
+  const auto unit = [] { return *rc::gen::inRange(1, 1000000) / 1e6; };
+  const double scale = *rc::gen::element(1.0, 1e10, 1e17);
+  const auto number = [&] { return (unit() - 0.5) * scale; };
+  const auto view = [&] {
+    return std::make_shared<NSView>(
+        CGRect::make(number(), number(), unit() * scale, unit() * scale));
+  };
+  const auto root = view();
+  const auto middle = view();
+  const auto inner = view();
+  root->addSubview(middle);
+  middle->addSubview(inner);
+  middle->setBoundsOrigin({number(), number()});
+  displayOnce(*root);
+  RC_ASSERT(!root->subtreeNeedsDisplay());
 }
 
 }  // namespace

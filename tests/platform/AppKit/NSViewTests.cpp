@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include <AppKit/NSWindow.h>
+#include <CoreGraphics/CGNullContext.h>
 
 namespace vexel {
 namespace {
@@ -124,6 +127,60 @@ TEST(NSView, AViewCanAddSubviewsWhileItIsConstructed) {
   const auto composite = std::make_shared<Composite>();
   ASSERT_EQ(composite->subviews().size(), 1u);
   EXPECT_EQ(composite->subviews()[0]->superview(), composite);
+}
+
+/// Takes its superview out of the tree in everything that it can react to.
+struct Removing : NSView {
+  using NSView::NSView;
+  void setFrameSize(CGSize size) override {
+    NSView::setFrameSize(size);
+    removeSuperview();
+  }
+  void layout() override {
+    NSView::layout();
+    removeSuperview();
+  }
+  void draw(CGContext&, CGRect) override { removeSuperview(); }
+  void removeSuperview() {
+    if (const auto above = superview()) above->removeFromSuperview();
+  }
+};
+
+TEST(NSView, MayBeDestroyedByASubviewThatReactsToIt) {
+  const auto host = std::make_shared<NSView>();
+  CGNullContext context;
+  const std::function<void(NSView&)> calls[] = {
+      [](NSView& view) {
+        view.setFrameSize({20, 20});
+      },
+      [](NSView& view) { view.layoutSubtreeIfNeeded(); },
+      [&](NSView& view) { view.display(context); },
+      [&](NSView& view) {
+        view.subviews()[0]->setNeedsLayout(false);
+        view.display(context);
+      },
+  };
+  for (const auto& call : calls) {
+    auto view = std::make_shared<NSView>(CGRect::make(0, 0, 10, 10));
+    const auto removing = std::make_shared<Removing>(CGRect::make(0, 0, 10, 10));
+    removing->setAutoresizingMask(NSAutoresizingMask::widthSizable);
+    view->addSubview(removing);
+    host->addSubview(view);
+    NSView& unowned = *view;
+    view.reset();
+    call(unowned);
+    EXPECT_THAT(host->subviews(), IsEmpty());
+  }
+}
+
+TEST(NSView, MayTakeItselfOutOfTheTreeWhileItLaysOut) {
+  struct Leaving : NSView {
+    void layout() override { removeFromSuperview(); }
+  };
+  const auto host = std::make_shared<NSView>();
+  host->addSubview(std::make_shared<Leaving>());
+  host->subviews()[0]->layoutSubtreeIfNeeded();
+  EXPECT_THAT(host->subviews(), IsEmpty());
 }
 
 TEST(NSView, IsADescendantOfItselfAndOfAllAboveIt) {

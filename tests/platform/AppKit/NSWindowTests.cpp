@@ -332,11 +332,16 @@ TEST_F(NSWindowEvents, APressedViewThatLeftTheWindowGetsNoMore) {
 }
 
 TEST_F(NSWindowEvents, TheWindowMayGoDuringAnEvent) {
-  auto* shown = window.get();
-  a->plans["down"] = [this] { window.reset(); };
-  shown->sendEvent({.type = NSEventType::leftMouseDown, .locationInWindow = kInA});
-  EXPECT_EQ(window, nullptr);
-  EXPECT_EQ(content->window(), nullptr);
+  for (const char* handler : {"entered", "moved", "down", "up"}) {
+    window = std::make_shared<NSWindow>(CGSize{100, 100});
+    window->setContentView(content);
+    a->plans = {{handler, [this] { window.reset(); }}};
+    for (const auto type :
+         {NSEventType::mouseMoved, NSEventType::leftMouseDown, NSEventType::leftMouseUp})
+      if (auto* shown = window.get()) shown->sendEvent({.type = type, .locationInWindow = kInA});
+    EXPECT_EQ(window, nullptr) << handler;
+    EXPECT_EQ(content->window(), nullptr) << handler;
+  }
 }
 
 TEST_F(NSWindowEvents, TheContentViewMayBeReplacedDuringAnEvent) {
