@@ -104,7 +104,8 @@ std::unique_ptr<SymbolStamps> SymbolStamps::create(const SymbolLook& look,
   CGAffineTransform linear = toDevice;
   linear.tx = linear.ty = 0;
   CGFloat farthest = 0;
-  for (const CGPathElement& element : look.path.transformed(linear).elements())
+  const CGPath path = look.path.transformed(linear);
+  for (const CGPathElement& element : path.elements())
     for (const CGPoint p : {element.point, element.control1, element.control2})
       farthest = std::max({farthest, std::abs(p.x), std::abs(p.y)});
   if (look.strokeStyle)
