@@ -29,10 +29,16 @@ namespace vexel {
 /// each band, axes and series, then show or update. Everything runs on one thread.
 ///
 /// A class that replaces one form of an overloaded operation brings the others back with a
-/// using declaration.
+/// using declaration. Protocols that refine this one inherit it virtually, so that one object can
+/// adopt several.
 class Vexel : public CPTPlotDataSource {
  public:
   using ViewConstraints = std::map<std::string, std::shared_ptr<NSLayoutConstraint>>;
+
+  Vexel() = default;
+  /// Views and plots refer to the one object, so it is not copied.
+  Vexel(const Vexel&) = delete;
+  Vexel& operator=(const Vexel&) = delete;
 
   // State. Initialisation resets all but the hosting views and graphs.
 
