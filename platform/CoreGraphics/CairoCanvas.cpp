@@ -23,6 +23,10 @@ constexpr CGFloat kSafeReach = 65536;
 constexpr CGFloat kMargin = 4096;
 // Pixels to a point that a vector file has of an image that is not smoothed.
 constexpr CGFloat kFileResolution = 4;
+// From this many on a symbol in a file is one shape that is referred to, if it is not larger than
+// this.
+constexpr std::size_t kFewSymbols = 4;
+constexpr CGFloat kLargeSymbol = 512;
 constexpr std::size_t kMaximumFileRepeat = 64;
 constexpr std::size_t kMaximumFilePixels = 2048;
 
@@ -307,23 +311,47 @@ void CairoCanvas::fillGlyph(const PlacedGlyph& glyph, const CGAffineTransform& t
 
 void CairoCanvas::drawSymbols(const CGPath& symbol, const CGColor* fillColor,
                               const CGStrokeStyle* strokeStyle, std::span<const CGPoint> centers) {
-  const CGAffineTransform before = state_.transform;
+  if (!isDrawable() || symbol.isEmpty()) return;
+  CGAffineTransform linear = state_.transform;
+  linear.tx = linear.ty = 0;
   const CGFloat pen = strokeStyle ? penReach(*strokeStyle) : 0;
-  const CGRect box = symbol.boundingBox().insetBy(-pen, -pen);
+  // The ink around a centre, with room for edges that are moved to pixels.
+  const CGRect ink = outwardToPixels(
+      transformed(symbol.boundingBox().insetBy(-pen, -pen), linear).insetBy(-1, -1));
+
+  CairoSurfaceHandle recording;
+  if (kind_ != Surface::pixels && centers.size() >= kFewSymbols &&
+      std::max(ink.size.width, ink.size.height) < kLargeSymbol) {
+    // A file holds the symbol once and refers to it. Cairo cuts off parts of recordings whose
+    // extents do not begin at (0, 0).
+    const cairo_rectangle_t extents{0, 0, ink.size.width, ink.size.height};
+    recording.reset(cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, &extents));
+    const CGAffineTransform toRecording =
+        linear.followedBy(CGAffineTransform::translation(-ink.minX(), -ink.minY()));
+    const CGRect whole{{0, 0}, ink.size};
+    CairoCanvas recorder(CairoSurfaceHandle(cairo_surface_reference(recording.get())), kind_,
+                         toRecording, whole, whole);
+    recorder.drawSymbol(symbol, fillColor, strokeStyle);
+  }
   for (const CGPoint center : centers) {
-    concatenate(CGAffineTransform::translation(center.x, center.y));
-    if (symbolMayShow(box)) {
-      if (fillColor) fill(symbol, *fillColor);
-      if (strokeStyle) stroke(symbol, *strokeStyle);
+    const CGPoint p = state_.transform.apply(center);
+    const CGRect box{ink.origin + p, ink.size};
+    if (box.intersection(state_.clipBox).isEmpty()) continue;
+    if (recording) {
+      drawSurface(recording.get(), box.minX(), box.minY());
+      continue;
     }
+    const CGAffineTransform before = state_.transform;
+    concatenate(CGAffineTransform::translation(center.x, center.y));
+    drawSymbol(symbol, fillColor, strokeStyle);
     state_.transform = before;
   }
 }
 
-bool CairoCanvas::symbolMayShow(const CGRect& symbolBox) const {
-  // A pixel of room for edges moved to pixels.
-  const CGRect box = transformed(symbolBox, state_.transform).insetBy(-1, -1);
-  return !box.intersection(state_.clipBox).isEmpty();
+void CairoCanvas::drawSymbol(const CGPath& symbol, const CGColor* fillColor,
+                             const CGStrokeStyle* strokeStyle) {
+  if (fillColor) fill(symbol, *fillColor);
+  if (strokeStyle) stroke(symbol, *strokeStyle);
 }
 
 void CairoCanvas::drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy) {

@@ -86,7 +86,7 @@ class CairoCanvas {
   void setMatrix(const CGAffineTransform& transform);
   void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat dashOffset);
   bool isAxisAligned() const;
-  bool symbolMayShow(const CGRect& symbolBox) const;
+  void drawSymbol(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle);
   void paintImage(const CGImage& image, const CGAffineTransform& imageToDevice,
                   const CGPath& deviceArea);
 

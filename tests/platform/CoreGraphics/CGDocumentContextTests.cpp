@@ -119,22 +119,42 @@ TEST(CGDocumentContext, EmbedsFontsAndTheirCharactersInAPdf) {
   EXPECT_THAT(makeDocument(Format::pdf)->finish(), Not(HasSubstr("/Type /Font\n")));
 }
 
+int occurrences(const std::string& text, std::string_view part) {
+  int found = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+    ++found;
+  return found;
+}
+
+TEST(CGDocumentContext, HoldsTheShapeOfManySymbolsOnce) {
+  std::vector<CGPoint> centers{{kNaN, 5}, {5, kInfinity}, {1e9, 5}, {-20, 5}};
+  for (int i = 0; i < 50; ++i) centers.push_back({5.5 * i, 100});
+  const Document svg = makeDocument(Format::svg);
+  const CGStrokeStyle style;
+  svg->drawSymbols(ellipsePath(-3, -3, 6, 6), &kRed, &style, centers);
+  const std::string file = svg->finish();
+  EXPECT_EQ(occurrences(file, "<use"), 50);
+  EXPECT_LE(occurrences(file, "<path"), 2);
+}
+
+TEST(CGDocumentContext, LeavesOutSymbolsBeyondTheClip) {
+  const Document svg = makeDocument(Format::svg);
+  svg->clip(CGRect::make(0, 0, 100, 100));
+  const std::vector<CGPoint> centers{{50, 50}, {103, 50}, {120, 50}, {50, -3}, {50, -8}};
+  svg->drawSymbols(ellipsePath(-3, -3, 6, 6), &kRed, nullptr, centers);
+  EXPECT_EQ(occurrences(svg->finish(), "<use"), 3);
+}
+
 TEST(CGDocumentContext, EmbedsEachImageOnce) {
   const Document pdf = makeDocument(Format::pdf), svg = makeDocument(Format::svg);
   for (CGContext* context :
        {static_cast<CGContext*>(pdf.get()), static_cast<CGContext*>(svg.get())})
     context->drawImage(*columnImage(std::vector<std::uint32_t>(256, 0x123456u)),
                        CGRect::make(10.3, 10.4, 20, 200));
-  const auto count = [](const std::string& text, std::string_view part) {
-    int found = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-      ++found;
-    return found;
-  };
-  EXPECT_EQ(count(pdf->finish(), "/Subtype /Image"), 1);
+  EXPECT_EQ(occurrences(pdf->finish(), "/Subtype /Image"), 1);
   const std::string svgFile = svg->finish();
-  EXPECT_EQ(count(svgFile, "<image"), 1);
-  EXPECT_EQ(count(svgFile, "<pattern"), 0);
+  EXPECT_EQ(occurrences(svgFile, "<image"), 1);
+  EXPECT_EQ(occurrences(svgFile, "<pattern"), 0);
 }
 
 TEST(CGDocumentContext, SendsPixelsEnlargedUnlessTheImageInterpolates) {
