@@ -1,22 +1,53 @@
 #include <Kernels/RangeIndex.h>
 
 #include <cmath>
-#include <cstring>
 
 namespace vexel {
 
 namespace {
 
-using Lanes = double __attribute__((vector_size(32)));
-using LaneMask = std::int64_t __attribute__((vector_size(32)));
 constexpr std::size_t kLanes = 4;
 
-void load(Lanes& lanes, const double* values) {
-  std::memcpy(&lanes, values, sizeof lanes);
+bool isSample(double x, double y) {
+  return std::isfinite(x) && std::isfinite(y);
 }
 
-bool isAnySet(const LaneMask& mask) {
-  return (mask[0] | mask[1] | mask[2] | mask[3]) != 0;
+struct Summary {
+  RangeIndex::Extremes extremes;
+  bool rises = false;
+  bool falls = false;
+  bool hasGap = false;
+};
+
+/// Of `count` samples, a multiple of kLanes, with an x before them. What it says of extremes and
+/// order holds only when there is no gap. Separate lanes let the compiler use vectors.
+Summary summaryWithoutGaps(const double* x, const double* y, std::size_t count) {
+  double low[kLanes], high[kLanes], fall[kLanes], rise[kLanes], remainder[kLanes];
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    low[lane] = high[lane] = y[lane];
+    fall[lane] = rise[lane] = 0;
+    remainder[lane] = x[-1] - x[-1];
+  }
+  for (std::size_t i = 0; i < count; i += kLanes)
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      const double xi = x[i + lane];
+      const double yi = y[i + lane];
+      const double step = xi - x[i + lane - 1];
+      low[lane] = yi < low[lane] ? yi : low[lane];
+      high[lane] = yi > high[lane] ? yi : high[lane];
+      fall[lane] = step < fall[lane] ? step : fall[lane];
+      rise[lane] = step > rise[lane] ? step : rise[lane];
+      remainder[lane] += (xi - xi) + (yi - yi);  // 0 unless one is not finite
+    }
+  Summary summary;
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    summary.extremes.lowest = std::min(summary.extremes.lowest, low[lane]);
+    summary.extremes.highest = std::max(summary.extremes.highest, high[lane]);
+    summary.falls = summary.falls || fall[lane] < 0;
+    summary.rises = summary.rises || rise[lane] > 0;
+    summary.hasGap = summary.hasGap || remainder[lane] != 0;
+  }
+  return summary;
 }
 
 }  // namespace
@@ -30,7 +61,6 @@ void RangeIndex::extend(std::span<const double> x, std::span<const double> y) {
   }
   x_ = x.first(newCount);
   y_ = y.first(newCount);
-  readOrder(known);
 
   // The last node of every level may have been short of samples.
   std::size_t changed = known / kLeafSize;
@@ -38,7 +68,7 @@ void RangeIndex::extend(std::span<const double> x, std::span<const double> y) {
   if (levels_.empty()) levels_.emplace_back();
   levels_[0].extremes.resize(nodes);
   levels_[0].hasGap.resize(nodes);
-  for (std::size_t leaf = changed; leaf < nodes; ++leaf) readLeaf(leaf);
+  for (std::size_t leaf = changed; leaf < nodes; ++leaf) readLeaf(leaf, known);
   for (std::size_t level = 1; nodes > 1; ++level) {
     changed /= kFanOut;
     nodes = (nodes + kFanOut - 1) / kFanOut;
@@ -52,69 +82,26 @@ void RangeIndex::extend(std::span<const double> x, std::span<const double> y) {
   }
 }
 
-void RangeIndex::readOrder(std::size_t from) {
-  while (from < x_.size()) {
-    const std::size_t end = std::min(from + kLeafSize, x_.size());
-    if (from == 0 || end - from < kLeafSize || !readOrderWithoutGaps(from)) {
-      for (std::size_t i = from; i < end; ++i) readOrderOf(x_[i]);
-    }
-    from = end;
-  }
-}
-
-void RangeIndex::readOrderOf(double x) {
-  if (!std::isfinite(x)) {
-    hasGapInX_ = true;
-    return;
-  }
-  // Written so that both hold before the first x, when lastX_ is NaN.
-  isAscending_ = isAscending_ && !(x < lastX_);
-  isDescending_ = isDescending_ && !(x > lastX_);
-  lastX_ = x;
-}
-
-bool RangeIndex::readOrderWithoutGaps(std::size_t from) {
-  LaneMask rises{}, falls{}, isGap{};
-  for (std::size_t i = from; i < from + kLeafSize; i += kLanes) {
-    Lanes before, x;
-    load(before, &x_[i - 1]);
-    load(x, &x_[i]);
-    rises |= x > before;
-    falls |= x < before;
-    isGap |= ~((x - x == 0) & (before - before == 0));
-  }
-  if (isAnySet(isGap)) return false;
-  isAscending_ = isAscending_ && !isAnySet(falls);
-  isDescending_ = isDescending_ && !isAnySet(rises);
-  lastX_ = x_[from + kLeafSize - 1];
-  return true;
-}
-
-void RangeIndex::readLeaf(std::size_t leaf) {
+void RangeIndex::readLeaf(std::size_t leaf, std::size_t known) {
   const std::size_t begin = leaf * kLeafSize;
   const std::size_t end = std::min(begin + kLeafSize, count());
-  Extremes found;
-  std::size_t i = begin;
+  if (begin > 0 && begin >= known && end - begin == kLeafSize) {
+    const Summary summary = summaryWithoutGaps(&x_[begin], &y_[begin], kLeafSize);
+    if (!summary.hasGap) {
+      levels_[0].extremes[leaf] = summary.extremes;
+      levels_[0].hasGap[leaf] = false;
+      isAscending_ = isAscending_ && !summary.falls;
+      isDescending_ = isDescending_ && !summary.rises;
+      lastX_ = x_[end - 1];
+      return;
+    }
+  }
 
-  Lanes low = Lanes{} + found.lowest;
-  Lanes high = Lanes{} + found.highest;
-  LaneMask isGap{};
-  for (; i + kLanes <= end; i += kLanes) {
-    Lanes x, y;
-    load(x, &x_[i]);
-    load(y, &y_[i]);
-    const LaneMask isFinite = (x - x == 0) & (y - y == 0);
-    low = (isFinite & (y < low)) ? y : low;
-    high = (isFinite & (y > high)) ? y : high;
-    isGap |= ~isFinite;
-  }
-  for (std::size_t lane = 0; lane < kLanes; ++lane) {
-    found.lowest = std::min(found.lowest, low[lane]);
-    found.highest = std::max(found.highest, high[lane]);
-  }
-  bool hasGap = isAnySet(isGap);
-  for (; i < end; ++i) {
-    if (std::isfinite(x_[i]) && std::isfinite(y_[i])) {
+  for (std::size_t i = std::max(begin, known); i < end; ++i) readOrder(x_[i]);
+  Extremes found;
+  bool hasGap = false;
+  for (std::size_t i = begin; i < end; ++i) {
+    if (isSample(x_[i], y_[i])) {
       found.lowest = std::min(found.lowest, y_[i]);
       found.highest = std::max(found.highest, y_[i]);
     } else {
@@ -123,6 +110,17 @@ void RangeIndex::readLeaf(std::size_t leaf) {
   }
   levels_[0].extremes[leaf] = found;
   levels_[0].hasGap[leaf] = hasGap;
+}
+
+void RangeIndex::readOrder(double x) {
+  if (!std::isfinite(x)) {
+    hasGapInX_ = true;
+    return;
+  }
+  // Written so that both hold before the first x, when lastX_ is NaN.
+  isAscending_ = isAscending_ && !(x < lastX_);
+  isDescending_ = isDescending_ && !(x > lastX_);
+  lastX_ = x;
 }
 
 void RangeIndex::gatherLevel(std::size_t level, std::size_t fromNode) {
@@ -168,7 +166,7 @@ void RangeIndex::addExtremes(Place node, std::size_t first, std::size_t last,
       addExtremes({node.level - 1, child + i}, first, last, found);
   } else {
     for (std::size_t i = std::max(begin, first); i < std::min(end, last); ++i)
-      if (std::isfinite(x_[i]) && std::isfinite(y_[i])) {
+      if (isSample(x_[i], y_[i])) {
         found.lowest = std::min(found.lowest, y_[i]);
         found.highest = std::max(found.highest, y_[i]);
       }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <limits>
 #include <span>
 #include <utility>
@@ -86,12 +85,8 @@ class RangeIndex {
     return samples;
   }
 
-  void readOrder(std::size_t from);
-  void readOrderOf(double x);
-  /// The same for a leaf's worth of samples at once; false, and nothing is done, when there are
-  /// gaps in them or before them.
-  bool readOrderWithoutGaps(std::size_t from);
-  void readLeaf(std::size_t leaf);
+  void readLeaf(std::size_t leaf, std::size_t known);
+  void readOrder(double x);
   void gatherLevel(std::size_t level, std::size_t fromNode);
   void addExtremes(Place node, std::size_t first, std::size_t last, Extremes& found) const;
 
