@@ -12,6 +12,18 @@ void CGContext::drawSymbols(const CGPath& symbol, const CGColor* fillColor,
   }
 }
 
+void CGContext::drawStyledSymbols(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
+                                  std::span<const std::uint32_t> styleOfCenter,
+                                  std::span<const CGPoint> centers) {
+  std::size_t end = 0;
+  for (std::size_t begin = 0; begin < centers.size(); begin = end) {
+    const std::uint32_t place = styleOfCenter[begin];
+    while (end < centers.size() && styleOfCenter[end] == place) ++end;
+    const CGSymbolStyle& style = styles[place];
+    drawSymbols(symbol, style.fillColor, style.strokeStyle, centers.subspan(begin, end - begin));
+  }
+}
+
 std::unique_ptr<CGLayer> CGContext::makeLayer(const CGRect&) {
   return nullptr;
 }

@@ -8,6 +8,7 @@
 #include "BitmapSymbols.h"
 #include "BitmapText.h"
 #include "CairoImage.h"
+#include "CairoLayer.h"
 #include "TransformFacts.h"
 
 namespace vexel {
@@ -31,36 +32,6 @@ CairoSurfaceHandle makeSurface(int width, int height) {
 
 // Nearer than Cairo can tell from the edge of a pixel.
 constexpr CGFloat kEdge = 1.0 / 512;
-
-// Pixels kept in an image surface whose device coordinates are those of its parent.
-class CairoLayer final : public CGLayer {
- public:
-  CairoLayer(CairoCanvas canvas, CGFloat backingScale)
-      : made_(canvas.transform()), context_(std::move(canvas), backingScale) {}
-
-  CGContext& context() override { return context_; }
-
-  bool fits(const CGContext& target) const override {
-    const auto* bitmap = dynamic_cast<const CairoBitmapContext*>(&target);
-    if (!bitmap || !bitmap->canvas().isDrawable()) return false;
-    const CGAffineTransform& now = bitmap->canvas().transform();
-    const auto isWhole = [](CGFloat v) { return std::abs(v - std::round(v)) <= kEdge; };
-    return now.a == made_.a && now.b == made_.b && now.c == made_.c && now.d == made_.d &&
-           isWhole(now.tx - made_.tx) && isWhole(now.ty - made_.ty);
-  }
-
-  // How far the place of the layer has moved on `target`, in pixels.
-  CGPoint moved(const CairoCanvas& target) const {
-    return {std::round(target.transform().tx - made_.tx),
-            std::round(target.transform().ty - made_.ty)};
-  }
-
-  cairo_surface_t* surface() const { return context_.canvas().surface(); }
-
- private:
-  CGAffineTransform made_;
-  CairoBitmapContext context_;
-};
 
 }  // namespace
 
@@ -96,6 +67,14 @@ void CairoBitmapContext::drawSymbols(const CGPath& symbol, const CGColor* fillCo
   drawSymbolsOnBitmap(canvas_, {symbol, fillColor, strokeStyle}, centers);
 }
 
+void CairoBitmapContext::drawStyledSymbols(const CGPath& symbol,
+                                           std::span<const CGSymbolStyle> styles,
+                                           std::span<const std::uint32_t> styleOfCenter,
+                                           std::span<const CGPoint> centers) {
+  if (!drawStyledSymbolsOnBitmap(canvas_, symbol, styles, styleOfCenter, centers))
+    CGContext::drawStyledSymbols(symbol, styles, styleOfCenter, centers);
+}
+
 std::unique_ptr<CGLayer> CairoBitmapContext::makeLayer(const CGRect& rect) {
   const CGAffineTransform& t = canvas_.transform();
   if (!canvas_.isDrawable() || !keepsAxes(t)) return nullptr;
@@ -117,9 +96,7 @@ std::unique_ptr<CGLayer> CairoBitmapContext::makeLayer(const CGRect& rect) {
 
 void CairoBitmapContext::drawLayer(const CGLayer& layer) {
   const auto* kept = dynamic_cast<const CairoLayer*>(&layer);
-  if (!kept || !kept->fits(*this)) return;
-  const CGPoint moved = kept->moved(canvas_);
-  canvas_.drawSurface(kept->surface(), moved.x, moved.y);
+  if (kept && kept->fits(*this)) kept->drawOnto(canvas_);
 }
 
 std::unique_ptr<CGBitmapContext> CGBitmapContext::create(CGSize size, CGFloat backingScale) {

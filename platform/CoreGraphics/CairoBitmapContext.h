@@ -19,6 +19,9 @@ class CairoBitmapContext final : public CairoContext<CGBitmapContext> {
   void drawText(const CGText& text, CGPoint origin) override;
   void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
                    std::span<const CGPoint> centers) override;
+  void drawStyledSymbols(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
+                         std::span<const std::uint32_t> styleOfCenter,
+                         std::span<const CGPoint> centers) override;
   std::unique_ptr<CGLayer> makeLayer(const CGRect& rect) override;
   void drawLayer(const CGLayer& layer) override;
 

@@ -132,6 +132,10 @@ SymbolStamps::SymbolStamps(std::shared_ptr<Shape> shape, const SymbolLook& look)
       fillPixel_(look.fillColor ? premultipliedPixel(*look.fillColor) : 0),
       strokePixel_(look.strokeStyle ? premultipliedPixel(look.strokeStyle->color) : 0) {}
 
+std::size_t SymbolStamps::mostPixels() const {
+  return static_cast<std::size_t>(shape_->side * shape_->side * kPhases * kPhases);
+}
+
 const PixelStamp& SymbolStamps::stamp(int phaseX, int phaseY) {
   auto& known = stamps_[static_cast<std::size_t>(phaseY * kPhases + phaseX)];
   if (known) return *known;

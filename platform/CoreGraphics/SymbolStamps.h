@@ -38,6 +38,9 @@ class SymbolStamps {
   /// of its pixel.
   const PixelStamp& stamp(int phaseX, int phaseY);
 
+  /// What all stamps together may come to hold.
+  std::size_t mostPixels() const;
+
  private:
   struct Shape;
   class ShapeCache;

@@ -26,7 +26,8 @@ class CGBitmapContext : public CGContext {
   /// Rows from top to bottom, premultiplied alpha, red, green, blue from the highest byte down.
   /// Valid until the next drawing call.
   virtual std::span<const std::uint32_t> pixels() = 0;
-  /// The bitmap as a PNG file. Equal pixels give equal bytes.
+  /// The bitmap as a PNG file. Equal pixels give equal bytes. Throws CGContextError when there is
+  /// no memory for it.
   virtual std::string pngData() = 0;
 };
 

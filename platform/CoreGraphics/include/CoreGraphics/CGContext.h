@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <span>
 
@@ -8,6 +9,7 @@
 #include <CoreGraphics/CGPath.h>
 #include <CoreGraphics/CGRect.h>
 #include <CoreGraphics/CGStrokeStyle.h>
+#include <CoreGraphics/CGSymbolStyle.h>
 #include <CoreGraphics/CGText.h>
 
 namespace vexel {
@@ -36,6 +38,8 @@ class CGContext : public CGTextMeasure {
   /// Stretches the image over the rectangle, its top row at the top edge.
   virtual void drawImage(const CGImage& image, const CGRect& rect) = 0;
   /// Draws text into the box that measure() gives, with its bottom-left corner at `origin`.
+  /// On bitmaps, lines of text that run horizontally or vertically are moved to whole pixels
+  /// across their direction, so that all are equally crisp.
   virtual void drawText(const CGText& text, CGPoint origin) = 0;
 
   /// The same small path stroked and filled with its origin at each of the centres, in their
@@ -43,6 +47,11 @@ class CGContext : public CGTextMeasure {
   /// beside its centre.
   virtual void drawSymbols(const CGPath& symbol, const CGColor* fillColor,
                            const CGStrokeStyle* strokeStyle, std::span<const CGPoint> centers);
+  /// The same in a style for each centre, given as its place in `styles`: as many places as there
+  /// are centres, each of them inside.
+  virtual void drawStyledSymbols(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
+                                 std::span<const std::uint32_t> styleOfCenter,
+                                 std::span<const CGPoint> centers);
 
   /// An empty transparent layer of the resolution of this context that covers `rect` of the
   /// present coordinates, or null when the context has no pixels to keep (vector surfaces,

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <CoreGraphics/CGColor.h>
+#include <CoreGraphics/CGStrokeStyle.h>
+
+namespace vexel {
+
+/// What a symbol is filled and then stroked with; either may be absent (null). It refers to both.
+struct CGSymbolStyle {
+  const CGColor* fillColor = nullptr;
+  const CGStrokeStyle* strokeStyle = nullptr;
+};
+
+}  // namespace vexel
