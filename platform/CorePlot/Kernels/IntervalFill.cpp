@@ -44,7 +44,7 @@ class TileFill {
         isOpaque_(color >= 0xFF000000),
         rowCount_(rowCount),
         shift_(std::countr_zero(static_cast<unsigned>(linesPerPixel))) {
-    half_ = Tile{} + static_cast<std::int16_t>(linesPerPixel / 2);
+    for (int i = 0; i < kTileWidth; ++i) half_[i] = static_cast<std::int16_t>(linesPerPixel / 2);
     // An edge on the last row's lower end writes the two rows behind it.
     differences_.resize(static_cast<std::size_t>(rowCount) + 2);
     const std::uint32_t pair[] = {color, color};
