@@ -22,7 +22,7 @@ struct ShapeHash {
     add(shape.glyph);
     for (const CGFloat v : {shape.linear.a, shape.linear.b, shape.linear.c, shape.linear.d})
       add(std::hash<CGFloat>()(v));
-    add(static_cast<std::size_t>(shape.phaseX * 4 + shape.phaseY));
+    for (const int phase : {shape.phaseX, shape.phaseY}) add(static_cast<std::size_t>(phase));
     return hash;
   }
 };
@@ -67,7 +67,7 @@ CoverageMask render(const GlyphShape& shape, const CGRect& ink) {
   cairo_surface_flush(surface.get());
 
   const unsigned char* data = cairo_image_surface_get_data(surface.get());
-  const int stride = cairo_image_surface_get_stride(surface.get());
+  const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface.get());
   for (int y = 0; data && y < mask.height; ++y)
     mask.coverage.insert(mask.coverage.end(), data + y * stride, data + y * stride + mask.width);
   if (!data) mask.width = mask.height = 0;

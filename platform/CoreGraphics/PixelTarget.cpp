@@ -19,6 +19,12 @@ int roundedDown(CGFloat v) {
   return static_cast<int>(std::floor(v + kEdge));
 }
 
+// Row `v` of a shape around (x, y), to be indexed with columns of the device.
+template <class Value, class Shape>
+const Value* placed(const Value* values, const Shape& shape, int x, int y, int v) {
+  return values + std::ptrdiff_t{v - shape.top - y} * shape.width - shape.left - x;
+}
+
 }  // namespace
 
 PixelTarget::PixelTarget(const CairoCanvas& canvas) : surface_(canvas.surface()) {
@@ -61,8 +67,7 @@ bool PixelTarget::blend(const PixelStamp& stamp, int x, int y) {
   if (!canTake(stamp, x, y)) return false;
   const Box part = visiblePart(stamp, x, y);
   for (int v = part.top; v < part.bottom; ++v) {
-    const std::uint32_t* from =
-        stamp.pixels.data() + (v - stamp.top - y) * stamp.width - stamp.left - x;
+    const std::uint32_t* from = placed(stamp.pixels.data(), stamp, x, y, v);
     std::uint32_t* to = row(v);
     for (int u = part.left; u < part.right; ++u) to[u] = pixelOver(from[u], to[u]);
   }
@@ -73,8 +78,7 @@ bool PixelTarget::blend(const CoverageMask& mask, std::uint32_t premultipliedCol
   if (!canTake(mask, x, y)) return false;
   const Box part = visiblePart(mask, x, y);
   for (int v = part.top; v < part.bottom; ++v) {
-    const std::uint8_t* from =
-        mask.coverage.data() + (v - mask.top - y) * mask.width - mask.left - x;
+    const std::uint8_t* from = placed(mask.coverage.data(), mask, x, y, v);
     std::uint32_t* to = row(v);
     for (int u = part.left; u < part.right; ++u)
       to[u] = pixelOver(scaledPixel(premultipliedColor, from[u]), to[u]);

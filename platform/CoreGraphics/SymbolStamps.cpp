@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdlib>
 #include <list>
 #include <utility>
 
@@ -14,6 +16,19 @@ namespace vexel {
 namespace {
 
 constexpr CGColor kOpaque = CGColor::genericGray(0);
+
+// For the place within a pixel, and for edges that are moved to pixels.
+constexpr int kRoom = 2;
+// Of path and pen. A symbol that may reach farther is not even tried.
+constexpr CGFloat kMaximumReach = 256;
+
+std::size_t pixelIndex(int x, int y, int side) {
+  return static_cast<std::size_t>(y) * static_cast<std::size_t>(side) + static_cast<std::size_t>(x);
+}
+
+std::size_t phaseIndex(int phaseX, int phaseY) {
+  return pixelIndex(phaseX, phaseY, SymbolStamps::kPhases);
+}
 
 // How much of each pixel a part of the symbol covers.
 using Coverage = std::vector<std::uint8_t>;
@@ -40,10 +55,10 @@ struct SymbolStamps::Shape {
   bool isStroked;
   CGStrokeStyle strokeStyle;
   int side;
-  std::array<std::unique_ptr<PhaseMasks>, kPhases * kPhases> masks;
+  std::array<std::unique_ptr<PhaseMasks>, std::size_t{kPhases} * kPhases> masks;
 
   const PhaseMasks& at(int phaseX, int phaseY) {
-    auto& known = masks[static_cast<std::size_t>(phaseY * kPhases + phaseX)];
+    auto& known = masks[phaseIndex(phaseX, phaseY)];
     if (known) return *known;
     known = std::make_unique<PhaseMasks>();
     if (isFilled)
@@ -53,10 +68,28 @@ struct SymbolStamps::Shape {
     return *known;
   }
 
+  // Makes the square no larger than the ink, which most miters leave far from the reach of the
+  // pen.
+  void fitToInk() {
+    const PhaseMasks& all = at(0, 0);
+    const int middle = side / 2;
+    int farthest = 0;
+    for (int y = 0; y < side; ++y) {
+      for (int x = 0; x < side; ++x) {
+        const std::size_t i = pixelIndex(x, y, side);
+        const bool isInked =
+            (!all.fill.empty() && all.fill[i] > 0) || (!all.stroke.empty() && all.stroke[i] > 0);
+        if (isInked) farthest = std::max({farthest, std::abs(x - middle), std::abs(y - middle)});
+      }
+    }
+    side = std::min(side, 2 * (farthest + kRoom));
+    masks = {};
+  }
+
   template <class Draw>
   Coverage render(int phaseX, int phaseY, Draw draw) const {
     CairoSurfaceHandle surface(cairo_image_surface_create(CAIRO_FORMAT_A8, side, side));
-    const CGFloat middle = side / 2;
+    const int middle = side / 2;
     CGAffineTransform toDevice = linear;
     toDevice.tx = middle + static_cast<CGFloat>(phaseX) / kPhases;
     toDevice.ty = middle + static_cast<CGFloat>(phaseY) / kPhases;
@@ -66,9 +99,9 @@ struct SymbolStamps::Shape {
     draw(canvas);
     cairo_surface_flush(canvas.surface());
     const unsigned char* data = cairo_image_surface_get_data(canvas.surface());
-    const int stride = cairo_image_surface_get_stride(canvas.surface());
+    const std::ptrdiff_t stride = cairo_image_surface_get_stride(canvas.surface());
     Coverage coverage;
-    coverage.reserve(static_cast<std::size_t>(side * side));
+    coverage.reserve(pixelIndex(0, side, side));
     for (int y = 0; y < side; ++y)
       coverage.insert(coverage.end(), data + y * stride, data + y * stride + side);
     return coverage;
@@ -88,6 +121,7 @@ class SymbolStamps::ShapeCache {
       shapes_.splice(shapes_.begin(), shapes_, known);
     } else {
       shapes_.push_front(std::make_shared<Shape>(std::move(wanted)));
+      shapes_.front()->fitToInk();
       if (shapes_.size() > kMaximumShapes) shapes_.pop_back();
     }
     return shapes_.front();
@@ -111,9 +145,9 @@ std::unique_ptr<SymbolStamps> SymbolStamps::create(const SymbolLook& look,
   if (look.strokeStyle)
     farthest += penReach(*look.strokeStyle) * std::max(std::abs(linear.a) + std::abs(linear.c),
                                                        std::abs(linear.b) + std::abs(linear.d));
-  // Room for the phase and for edges moved to pixels. NaN compares false.
-  if (!(farthest + 2 <= kMaximumSide / 2)) return nullptr;
-  const int side = 2 * static_cast<int>(std::ceil(farthest + 2));
+  // A comparison with NaN is false.
+  if (!(farthest <= kMaximumReach)) return nullptr;
+  const int side = 2 * (static_cast<int>(std::ceil(farthest)) + kRoom);
 
   thread_local ShapeCache cache;
   std::shared_ptr<Shape> shape =
@@ -124,6 +158,7 @@ std::unique_ptr<SymbolStamps> SymbolStamps::create(const SymbolLook& look,
                   look.strokeStyle ? shapeOf(*look.strokeStyle) : CGStrokeStyle{},
                   side,
                   {}});
+  if (shape->side > kMaximumSide) return nullptr;
   return std::unique_ptr<SymbolStamps>(new SymbolStamps(std::move(shape), look));
 }
 
@@ -133,17 +168,17 @@ SymbolStamps::SymbolStamps(std::shared_ptr<Shape> shape, const SymbolLook& look)
       strokePixel_(look.strokeStyle ? premultipliedPixel(look.strokeStyle->color) : 0) {}
 
 std::size_t SymbolStamps::mostPixels() const {
-  return static_cast<std::size_t>(shape_->side * shape_->side * kPhases * kPhases);
+  return pixelIndex(0, shape_->side, shape_->side) * stamps_.size();
 }
 
 const PixelStamp& SymbolStamps::stamp(int phaseX, int phaseY) {
-  auto& known = stamps_[static_cast<std::size_t>(phaseY * kPhases + phaseX)];
+  auto& known = stamps_[phaseIndex(phaseX, phaseY)];
   if (known) return *known;
 
   const PhaseMasks& masks = shape_->at(phaseX, phaseY);
   const int side = shape_->side;
   const auto pixel = [&](int x, int y) {
-    const auto i = static_cast<std::size_t>(y * side + x);
+    const std::size_t i = pixelIndex(x, y, side);
     const std::uint32_t fill = masks.fill.empty() ? 0 : scaledPixel(fillPixel_, masks.fill[i]);
     if (masks.stroke.empty()) return fill;
     return pixelOver(scaledPixel(strokePixel_, masks.stroke[i]), fill);
@@ -161,7 +196,8 @@ const PixelStamp& SymbolStamps::stamp(int phaseX, int phaseY) {
   }
   known = std::make_unique<PixelStamp>();
   if (left >= right) return *known;
-  *known = {left - side / 2, top - side / 2, right - left, bottom - top, {}};
+  const int middle = side / 2;
+  *known = {left - middle, top - middle, right - left, bottom - top, {}};
   for (int y = top; y < bottom; ++y)
     for (int x = left; x < right; ++x) known->pixels.push_back(pixel(x, y));
   return *known;

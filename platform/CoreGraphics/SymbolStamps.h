@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -49,7 +50,7 @@ class SymbolStamps {
   std::shared_ptr<Shape> shape_;
   std::uint32_t fillPixel_;
   std::uint32_t strokePixel_;
-  std::array<std::unique_ptr<PixelStamp>, kPhases * kPhases> stamps_;
+  std::array<std::unique_ptr<PixelStamp>, std::size_t{kPhases} * kPhases> stamps_;
 };
 
 }  // namespace vexel

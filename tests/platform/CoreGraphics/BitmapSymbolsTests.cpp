@@ -124,6 +124,23 @@ TEST(BitmapSymbols, LargerThanStampsAreDrawnPlainly) {
   EXPECT_EQ(difference(ellipsePath(-40, -40, 80, 80), &kFill, &kOutline, centers, 1), 0);
 }
 
+TEST(BitmapSymbols, WithSharpCornersAreWhole) {
+  CGMutablePath needle = linePath({-10, -2}, {10, 0});
+  needle.addLine({-10, 2});
+  needle.closeSubpath();
+  const CGStrokeStyle style{.width = 2};
+  const std::vector<CGPoint> centers{{50, 50}};
+  EXPECT_LE(difference(needle, &kFill, &style, centers, 1), 1);
+}
+
+TEST(BitmapSymbols, HaveStampsForWhatTheyInkAndNotForWhatAPenMightReach) {
+  const CGStrokeStyle broad{.width = 6};
+  const CGPath circle = ellipsePath(-10, -10, 20, 20);
+  EXPECT_NE(SymbolStamps::create({circle, &kFill, &broad}, {}), nullptr);
+  EXPECT_EQ(SymbolStamps::create({circle, &kFill, &broad}, CGAffineTransform::scale(4, 4)),
+            nullptr);
+}
+
 TEST(BitmapSymbols, TurnAndStretchWithTheTransform) {
   const std::vector<CGPoint> centers{{40, 10}};
   const Bitmap stamped = whiteBitmap(60, 60), plain = whiteBitmap(60, 60);
