@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+#include <CorePlot/CPTGraph.h>
+#include <CorePlot/CPTGraphHostingView.h>
+
 namespace vexel {
 
 template <class T>
@@ -35,6 +38,23 @@ std::optional<CGPoint> CPTXYPlotSpace::plotAreaViewPoint(double x, double y,
                       scale(CPTCoordinate::Y, plotArea.height).position(y)};
   if (std::isnan(point.x) || std::isnan(point.y)) return std::nullopt;
   return point;
+}
+
+std::optional<std::vector<double>> CPTXYPlotSpace::plotPointForEvent(const NSEvent& event) const {
+  const CPTGraph* const chart = graph();
+  if (!chart || !chart->hostingView() || !chart->plotAreaFrame()) return std::nullopt;
+  const auto area = chart->plotAreaFrame()->plotArea();
+  if (!area) return std::nullopt;
+
+  const CPTGraphHostingView& view = *chart->hostingView();
+  const CGPoint inGraph =
+      view.convertPointFromView(event.locationInWindow, nullptr) - view.bounds().origin;
+  const CGPoint inArea = inGraph - chart->plotAreaFrame()->frame().origin - area->frame().origin;
+  const CGSize size = area->frame().size;
+  const double x = scale(CPTCoordinate::X, size.width).value(inArea.x);
+  const double y = scale(CPTCoordinate::Y, size.height).value(inArea.y);
+  if (std::isnan(x) || std::isnan(y)) return std::nullopt;
+  return std::vector{x, y};
 }
 
 }  // namespace vexel

@@ -44,6 +44,10 @@ class CPTLayer : public virtual NSObject {
   bool isHidden() const { return hidden_; }
   void setHidden(bool hidden);
 
+  /// Ends the animations of the layer. The chart engine animates nothing; a type of layer that
+  /// does replaces this.
+  virtual void removeAllAnimations() {}
+
   /// Null or gone: absent.
   CALayerDelegate* delegate() const { return delegate_.get(); }
   void setDelegate(CALayerDelegate* delegate) { delegate_ = delegate; }

@@ -34,6 +34,7 @@ class CPTXYPlotSpace : public CPTPlotSpace {
   AxisScale scale(CPTCoordinate coordinate, CGFloat extent) const;
 
   std::optional<CGPoint> plotAreaViewPoint(double x, double y, CGSize plotArea) const override;
+  std::optional<std::vector<double>> plotPointForEvent(const NSEvent& event) const override;
 
  private:
   template <class T>
