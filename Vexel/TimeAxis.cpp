@@ -20,8 +20,8 @@ constexpr double kTickShift = 1e-6;
 // Rounding may have put a start that is meant as a full hour or minute this far behind it; in days.
 constexpr double kStartTolerance = 1e-9;
 
-constexpr double kHoursPerDay = 24;
-constexpr double kMinutesPerDay = 1440;
+constexpr int kHoursPerDay = 24;
+constexpr int kMinutesPerDay = 1440;
 
 constexpr int kFirstYear = -4712;
 constexpr int kLastYear = 9999;
@@ -119,12 +119,7 @@ void addDaysAcrossNewYear(TimeAxis& axis, const Moment& from, const Moment& to) 
 
 void addDaysOfYear(TimeAxis& axis, const Moment& from, const Moment& to) {
   const int step = dayStep(to.dayOfYear - from.dayOfYear);
-  int year = from.year;
-  int day = static_cast<int>(roundedUp(from.dayOfYear, step));
-  if (const int yearLength = EventTime::isLeapYear(year) ? 366 : 365; day > yearLength) {
-    day -= yearLength;
-    ++year;
-  }
+  const auto [day, year] = firstTickDay({.dayOfYear = from.dayOfYear, .year = from.year}, step);
   const double first = midnight(EventTime::dayOfYear2date(day, year), year);
   addTicks(axis, first, step, countUpTo(to.julianDay, first, step), dayLabel);
 }
@@ -132,17 +127,16 @@ void addDaysOfYear(TimeAxis& axis, const Moment& from, const Moment& to) {
 /// Ticks at multiples of `step` parts of a day, of which a day has `partsPerDay`, counted from
 /// the whole day in which the range starts; none lies before its start.
 void addPartsOfDay(TimeAxis& axis, const Moment& from, const Moment& to, std::int64_t step,
-                   double partsPerDay) {
-  const double width = static_cast<double>(step);
+                   int partsPerDay) {
   const double start =
       (from.julianDay - static_cast<double>(from.day) - kStartTolerance) * partsPerDay;
   const double end = (to.julianDay - static_cast<double>(to.day)) * partsPerDay;
-  const double firstPart = std::ceil(start / width) * width;
-  const auto lastPart = static_cast<double>(roundedDown(integerPart(end), step));
-  const double first = static_cast<double>(from.day) + firstPart / partsPerDay;
-  const double last = static_cast<double>(to.day) + lastPart / partsPerDay;
-  const double stepDays = width / partsPerDay;
-  addTicks(axis, first, stepDays, countUpTo(last, first, stepDays), clockLabel);
+  const std::int64_t firstPart = roundedUp(integerPart(std::ceil(start)), step);
+  const std::int64_t lastPart =
+      (to.day - from.day) * partsPerDay + roundedDown(integerPart(end), step);
+  const double first = static_cast<double>(from.day) + static_cast<double>(firstPart) / partsPerDay;
+  const double stepDays = static_cast<double>(step) / partsPerDay;
+  addTicks(axis, first, stepDays, (lastPart - firstPart) / step + 1, clockLabel);
 }
 
 }  // namespace
@@ -156,9 +150,10 @@ TimeAxis timeAxis(const std::vector<double>& range) {
   const Moment from(x0, integerPart(x0 + 1e-9));
   const Moment to(x1, integerPart(x1));
   const std::int64_t days = to.day - from.day;
-  const std::int64_t hourSpan = integerPart(to.hours) - integerPart(from.hours) + days * 24;
+  const std::int64_t hourSpan =
+      integerPart(to.hours) - integerPart(from.hours) + days * kHoursPerDay;
   const std::int64_t minuteSpan =
-      integerPart(to.hours * 60) - integerPart(from.hours * 60) + days * 1440;
+      integerPart(to.hours * 60) - integerPart(from.hours * 60) + days * kMinutesPerDay;
 
   TimeAxis axis;
   if (to.year - from.year > 1) {

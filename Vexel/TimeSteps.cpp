@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <Astrel/EventTime.h>
+
 namespace vexel {
 
 int dayStep(int spanInDays) {
@@ -26,6 +28,13 @@ std::int64_t minuteStep(std::int64_t spanInMinutes) {
   if (spanInMinutes >= 31) return 10;
   if (spanInMinutes >= 11) return 5;
   return 1;
+}
+
+DayOfYear firstTickDay(DayOfYear start, int step) {
+  const int day = (start.dayOfYear + step - 1) / step * step;
+  const int yearLength = EventTime::isLeapYear(start.year) ? 366 : 365;
+  if (day > yearLength) return {.dayOfYear = day - yearLength, .year = start.year + 1};
+  return {.dayOfYear = day, .year = start.year};
 }
 
 }  // namespace vexel
