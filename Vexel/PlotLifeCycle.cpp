@@ -2,11 +2,15 @@
 
 namespace vexel {
 
-void Vexel::initPlot(std::shared_ptr<NSView> plotView, PlotTheme theme) {
+void Vexel::resetState() {
   auxiliaryText() = "";
   auxiliaryValues() = {};
   xUnitScale() = 1.0;
   yUnitScale() = 1.0;
+}
+
+void Vexel::initPlot(std::shared_ptr<NSView> plotView, PlotTheme theme) {
+  resetState();
   this->plotView() = std::move(plotView);
   this->theme() = theme;
   viewConstraints() = {};

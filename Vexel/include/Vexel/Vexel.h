@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include <AppKit/NSAttributedString.h>
+#include <AppKit/NSEvent.h>
 #include <AppKit/NSView.h>
 #include <CorePlot/CPTBarPlot.h>
 #include <CorePlot/CPTGraphHostingView.h>
@@ -13,6 +15,7 @@
 #include <CorePlot/CPTScatterPlot.h>
 #include <CorePlot/CPTXYGraph.h>
 #include <PlotTheme/PlotTheme.h>
+#include <Vexel/AnnotationArguments.h>
 #include <Vexel/AxisArguments.h>
 #include <Vexel/SeriesArguments.h>
 
@@ -144,6 +147,49 @@ class Vexel : public CPTPlotDataSource {
   /// than two values and a time axis whose ends are no dates are fatal errors.
   virtual std::shared_ptr<CPTAxis> formatXAxis(const std::shared_ptr<CPTXYGraph>& graph,
                                                const XAxisArguments& arguments);
+
+  // Ranges and the pointer
+
+  /// The start and the end of the x range that the graph shows, divided by xUnitScale; empty
+  /// without a graph. A graph whose default plot space is missing or not an xy one is a fatal
+  /// error.
+  virtual std::vector<double> getCurrentShowRange(const std::shared_ptr<CPTXYGraph>& graph);
+
+  /// The number of the band at the height of the pointer, the lower one where two bands meet.
+  /// Absent above and below the host, between bands, and without bands, host or its superview.
+  virtual std::optional<int> getViewIndex(const NSEvent& event);
+
+  /// Whether the pointer is in the host, edges included, when the event's location is taken as
+  /// one in `view`, or in the superview of the host. False without host or view.
+  virtual bool mouseInPlotView(const NSEvent& event, const std::shared_ptr<NSView>& view);
+  virtual bool mouseInPlotView(const NSEvent& event);
+
+  /// The two ends of an axis on which the first of `amplitudeRange` - 0 when it is above 0 or NaN
+  /// - stands at the fraction f[0] of the length and the second at f[1]. Single precision
+  /// throughout. `offset` is not used. Fractions of which the first is 0 or that are equal give
+  /// infinities or NaN; fewer than two numbers in either list are a fatal error.
+  virtual std::vector<float> getLinearPlotRange(float offset,
+                                                const std::vector<float>& amplitudeRange,
+                                                const std::vector<float>& f);
+  /// The two ends, as powers of ten, of a logarithmic axis on which `offset` stands at f[0] and
+  /// `maximumAmplitude` at f[1]. Single precision throughout. Values that are not above 0 and
+  /// fractions as above give infinities or NaN; fewer than two fractions are a fatal error.
+  virtual std::vector<float> getLogPlotRange(float offset, float maximumAmplitude,
+                                             const std::vector<float>& f);
+
+  // Annotations
+
+  /// Puts a text on the graph's plot area, its bottom-left corner at the anchor. It moves with
+  /// the data; nobody but the plot area keeps it. Does nothing without a graph, an xy plot space
+  /// as its default or an anchor. An anchor of fewer than two numbers is a fatal error.
+  virtual void addAnnotation(const std::string& text, const AnnotationArguments& arguments);
+  virtual void addAnnotation(const NSAttributedString& text,
+                             const AttributedAnnotationArguments& arguments);
+
+ protected:
+  /// The first step of initialisation: auxiliary text and values are emptied, both scales set to
+  /// 1. A protocol with more state overrides it, calls this first and resets its own.
+  virtual void resetState();
 };
 
 }  // namespace vexel
