@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <vector>
 
 namespace vexel {
 
@@ -154,6 +155,27 @@ void CPTPlotSymbol::draw(CGContext& context, std::span<const CGPoint> centers) c
   if (!fill && !stroke) return;
   context.drawSymbols(outline, fill ? &fill->color()->cgColor() : nullptr,
                       stroke ? &*stroke : nullptr, centers);
+}
+
+void CPTPlotSymbol::draw(CGContext& context, std::span<const CPTColor> colors,
+                         std::span<const std::uint32_t> colorOfCenter,
+                         std::span<const CGPoint> centers) const {
+  const CGPath outline = path();
+  if (outline.isEmpty() || centers.empty()) return;
+
+  const bool ofLines = isLines(symbolType_);
+  std::vector<CGStrokeStyle> strokes;
+  if (lineStyle_) strokes.assign(ofLines ? colors.size() : 1, lineStyle_->strokeStyle());
+  std::vector<CGSymbolStyle> styles(colors.size());
+  for (std::size_t i = 0; i < styles.size(); ++i) {
+    const CGColor& color = colors[i].cgColor();
+    if (!ofLines) styles[i].fillColor = &color;
+    if (strokes.empty()) continue;
+    CGStrokeStyle& stroke = strokes[ofLines ? i : 0];
+    if (ofLines) stroke.color = color;
+    styles[i].strokeStyle = &stroke;
+  }
+  context.drawStyledSymbols(outline, styles, colorOfCenter, centers);
 }
 
 }  // namespace vexel

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include <Kernels/Polyline.h>
+
+#include "ColorPlaces.h"
 
 namespace vexel {
 
@@ -15,6 +18,8 @@ constexpr CGFloat kLineTolerance = 0.02;
 constexpr std::size_t kPointsPerStroke = 1000;
 // Wider pens cover everything anyway, in points.
 constexpr CGFloat kWidestPen = 1e4;
+// The place of the colour of a record that has none.
+constexpr std::uint32_t kNoColor = ~std::uint32_t{0};
 
 bool isFinite(CGPoint p) {
   return std::isfinite(p.x) && std::isfinite(p.y);
@@ -118,6 +123,8 @@ std::size_t CPTScatterPlot::readData(CPTPlotDataSource& source, std::size_t reco
   y_ = readField(source, CPTScatterPlotFieldY, records, storedY_);
   const std::size_t count = std::min(x_.count(), y_.count());
   recordSymbols_ = source.symbols(*this, {0, count});
+  const auto colors = source.symbolColors(*this, {0, count});
+  keepColors(colors.first(std::min(colors.size(), count)));
   return count;
 }
 
@@ -156,9 +163,37 @@ void CPTScatterPlot::drawLine(CGContext& context, std::span<const CGPoint> point
   }
 }
 
-void CPTScatterPlot::drawSymbols(CGContext& context, std::span<const CGPoint> points) const {
-  if (!plotSymbol_ && recordSymbols_.empty()) return;
+void CPTScatterPlot::keepColors(std::span<const std::optional<CPTColor>> colors) {
+  ColorPlaces places(colors_);
+  recordColors_.clear();
+  recordColors_.reserve(colors.size());
+  for (const auto& color : colors)
+    recordColors_.push_back(color ? places.placeOf(*color) : kNoColor);
+}
 
+CGRect CPTScatterPlot::visibleCenters(const CPTPlotSymbol& symbol) const {
+  const CGRect reach = symbol.reach();
+  return CGRect::make(-reach.maxX(), -reach.maxY(), plotAreaSize().width + reach.size.width,
+                      plotAreaSize().height + reach.size.height);
+}
+
+void CPTScatterPlot::drawSymbols(CGContext& context, std::span<const CGPoint> points) const {
+  const std::size_t withSymbol = std::min(recordSymbols_.size(), points.size());
+  const std::size_t withColor = std::clamp(recordColors_.size(), withSymbol, points.size());
+  drawRecordSymbols(context, points.first(withSymbol));
+  if (!plotSymbol_) return;
+  if (withColor > withSymbol)
+    drawColoredSymbols(context, *plotSymbol_,
+                       std::span(recordColors_).subspan(withSymbol, withColor - withSymbol),
+                       points.subspan(withSymbol, withColor - withSymbol));
+  std::vector<CGPoint> centers;
+  const CGRect visible = visibleCenters(*plotSymbol_);
+  std::ranges::copy_if(points.subspan(withColor), std::back_inserter(centers),
+                       [&](const CGPoint& point) { return visible.contains(point); });
+  plotSymbol_->draw(context, centers);
+}
+
+void CPTScatterPlot::drawRecordSymbols(CGContext& context, std::span<const CGPoint> points) const {
   // Neighbours with the same symbol are drawn in one call; what cannot be seen is left out.
   std::vector<CGPoint> centers;
   CGRect visible;
@@ -168,21 +203,29 @@ void CPTScatterPlot::drawSymbols(CGContext& context, std::span<const CGPoint> po
     centers.clear();
   };
   for (std::size_t i = 0; i < points.size(); ++i) {
-    const auto* symbol = i < recordSymbols_.size() ? &recordSymbols_[i] : &plotSymbol_;
-    if (symbol != current && (!current || *symbol != *current)) {
+    const auto* symbol = &recordSymbols_[i];
+    if (!current || *symbol != *current) {
       flush();
       current = symbol;
-      visible = {};
-      if (*symbol) {
-        const CGRect reach = (*symbol)->reach();
-        visible =
-            CGRect::make(-reach.maxX(), -reach.maxY(), plotAreaSize().width + reach.size.width,
-                         plotAreaSize().height + reach.size.height);
-      }
+      visible = *symbol ? visibleCenters(**symbol) : CGRect{};
     }
     if (*symbol && visible.contains(points[i])) centers.push_back(points[i]);
   }
   flush();
+}
+
+void CPTScatterPlot::drawColoredSymbols(CGContext& context, const CPTPlotSymbol& symbol,
+                                        std::span<const std::uint32_t> colors,
+                                        std::span<const CGPoint> points) const {
+  std::vector<std::uint32_t> colorOfCenter;
+  std::vector<CGPoint> centers;
+  const CGRect visible = visibleCenters(symbol);
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (colors[i] == kNoColor || !visible.contains(points[i])) continue;
+    colorOfCenter.push_back(colors[i]);
+    centers.push_back(points[i]);
+  }
+  symbol.draw(context, colors_, colorOfCenter, centers);
 }
 
 void CPTScatterPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {

@@ -4,6 +4,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include <CorePlot/CPTNumericData.h>
@@ -59,6 +60,15 @@ class CPTPlotDataSource : public virtual NSObject {
   /// list, all of them by default, take the plot's own symbol.
   virtual std::vector<std::optional<CPTPlotSymbol>> symbols(const CPTScatterPlot& plot,
                                                             CPTRecordRange records) {
+    (void)plot, (void)records;
+    return {};
+  }
+
+  /// A colour per record, in order, lent for the call, in which the plot's own symbol is filled, or
+  /// drawn when it has only lines; an absent element draws none. Records beyond the end of the
+  /// list, all of them by default, take the symbol as it is.
+  virtual std::span<const std::optional<CPTColor>> symbolColors(const CPTScatterPlot& plot,
+                                                                CPTRecordRange records) {
     (void)plot, (void)records;
     return {};
   }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <span>
 
 #include <CoreGraphics/CGContext.h>
 #include <CorePlot/CPTFill.h>
@@ -81,6 +83,10 @@ class CPTPlotSymbol {
 
   /// Draws the symbol at each of the centres, in their order.
   void draw(CGContext& context, std::span<const CGPoint> centers) const;
+  /// The same with a fill colour for each centre, given as its place in `colors`: as many places as
+  /// there are centres, each of them inside. Symbols of lines are drawn in that colour.
+  void draw(CGContext& context, std::span<const CPTColor> colors,
+            std::span<const std::uint32_t> colorOfCenter, std::span<const CGPoint> centers) const;
 
   friend bool operator==(const CPTPlotSymbol&, const CPTPlotSymbol&) = default;
 
