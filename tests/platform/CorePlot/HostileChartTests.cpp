@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <chrono>
@@ -162,8 +163,8 @@ RC_GTEST_PROP(HostileChart, WhateverTheNumbersADrawingIsShortAndItsCoordinatesAr
   const auto start = std::chrono::steady_clock::now();
   const std::string text = recorded(*chart.graph);
   const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-  RC_ASSERT(took.count() < 2);
-  RC_ASSERT(text.size() < 4'000'000u);
+  RC_ASSERT(took.count() < 10);
+  RC_ASSERT(std::count(text.begin(), text.end(), ' ') < 600'000);
   const CGSize size = chart.graph->bounds().size;
   // Beside the chart itself, text and symbols may be 10000 points large, and annotations as far
   // away as somebody may look for them.
