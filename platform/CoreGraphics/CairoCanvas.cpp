@@ -46,6 +46,9 @@ CGRect toPixelEdges(const CGRect& rect) {
   return CGRect::make(left, low, right - left, high - low);
 }
 
+// Coordinates that should be whole differ from it by less than this, in pixels.
+constexpr CGFloat kRoundingError = 1e-4;
+
 CGRect outwardToPixels(const CGRect& rect) {
   const CGFloat left = std::floor(rect.minX()), low = std::floor(rect.minY());
   return CGRect::make(left, low, std::ceil(rect.maxX()) - left, std::ceil(rect.maxY()) - low);
@@ -151,7 +154,11 @@ CGPath CairoCanvas::fillable(const CGPath& devicePath) const {
 
 void CairoCanvas::clip(const CGPath& path) {
   if (!isDrawable()) return;
-  const CGPath device = fillable(path.transformed(state_.transform));
+  CGPath device = fillable(path.transformed(state_.transform));
+  // A pixel cut in part would let what lies below shine through, once more with every drawing.
+  if (kind_ == Surface::pixels && isRectangle(device) && !device.boundingBox().isEmpty())
+    device =
+        rectPath(outwardToPixels(device.boundingBox().insetBy(kRoundingError, kRoundingError)));
   setPath(device);
   cairo_clip(cairo_.get());
   state_.clipIsRectangle = state_.clipIsRectangle && (isRectangle(device) || device.isEmpty());

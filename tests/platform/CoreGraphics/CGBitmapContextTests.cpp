@@ -387,6 +387,32 @@ TEST(CGBitmapContext, DrawsTheSeenPartOfAnEnormousImage) {
   EXPECT_EQ(pixel(*bitmap, 19, 10), kBlackPixel);
 }
 
+TEST(CGBitmapContext, ClipsToWholePixels) {
+  struct Row {
+    CGRect clip;
+    PixelBounds ink;
+  };
+  for (const Row& row : {Row{CGRect::make(5, 5, 3, 3), {5, 12, 8, 15}},
+                         Row{CGRect::make(5.3, 5.9, 2.5, 2.05), {5, 12, 8, 15}},
+                         Row{CGRect::make(5 - 1e-9, 5 + 1e-9, 3 + 2e-9, 3), {5, 12, 8, 15}},
+                         Row{CGRect::make(5.4, 5.4, 0.2, 0.2), {5, 14, 6, 15}}}) {
+    const Bitmap bitmap = whiteBitmap(20, 20);
+    bitmap->clip(row.clip);
+    bitmap->fill(rectPath(0, 0, 20, 20), kRed);
+    EXPECT_EQ(inkBounds(*bitmap), row.ink) << row.clip.minX() << " " << row.clip.minY();
+    for (const std::uint32_t p : bitmap->pixels()) EXPECT_TRUE(p == kWhitePixel || p == kRedPixel);
+  }
+}
+
+TEST(CGBitmapContext, DrawsNothingThroughAnEmptyClip) {
+  for (const CGRect clip : {CGRect::make(5.5, 5.5, 0, 0), CGRect::make(5.5, 5.5, 3, 0)}) {
+    const Bitmap bitmap = whiteBitmap(20, 20);
+    bitmap->clip(clip);
+    bitmap->fill(rectPath(0, 0, 20, 20), kRed);
+    EXPECT_EQ(pixelsOf(*bitmap), pixelsOf(*whiteBitmap(20, 20)));
+  }
+}
+
 TEST(CGBitmapContext, DrawsImagesThroughTheClip) {
   const Bitmap bitmap = whiteBitmap(20, 20);
   bitmap->clip(CGRect::make(5, 5, 3, 3));

@@ -26,7 +26,8 @@ class CGContext : public CGTextMeasure {
   virtual void restoreState() = 0;
   /// Coordinates are taken through `transform` first, then through what was set before.
   virtual void concatenate(const CGAffineTransform& transform) = 0;
-  /// Narrows the clip to its part inside the shape.
+  /// Narrows the clip to its part inside the shape. On bitmaps an upright rectangle takes in every
+  /// pixel that it touches.
   virtual void clip(const CGPath& path) = 0;
 
   virtual void stroke(const CGPath& path, const CGStrokeStyle& style) = 0;
