@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "BitmapText.h"
 #include "CairoImage.h"
 #include "CairoLayer.h"
+#include "PngFile.h"
 #include "TransformFacts.h"
 
 namespace vexel {
@@ -54,7 +56,11 @@ std::span<const std::uint32_t> CairoBitmapContext::pixels() {
 }
 
 std::string CairoBitmapContext::pngData() {
-  return pngFile(canvas_.surface());
+  try {
+    return pngFile(pixels(), pixelWidth(), pixelHeight());
+  } catch (const std::bad_alloc&) {
+    throw CGContextError("There is no memory for the PNG file");
+  }
 }
 
 void CairoBitmapContext::drawText(const CGText& text, CGPoint origin) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "CairoStream.h"
 
 namespace vexel {
 
@@ -51,12 +50,6 @@ CairoSurfaceHandle sampledImage(const CGImage& image, const CGAffineTransform& i
   cairo_surface_mark_dirty(surface.get());
   cairo_surface_set_device_offset(surface.get(), -area.minX(), -area.minY());
   return surface;
-}
-
-std::string pngFile(cairo_surface_t* surface) {
-  std::string bytes;
-  const auto status = cairo_surface_write_to_png_stream(surface, appendToString, &bytes);
-  return status == CAIRO_STATUS_SUCCESS ? bytes : std::string();
 }
 
 }  // namespace vexel

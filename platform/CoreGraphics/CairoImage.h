@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include <CoreGraphics/CGAffineTransform.h>
 #include <CoreGraphics/CGImage.h>
 #include <CoreGraphics/CGRect.h>
@@ -20,8 +18,5 @@ CairoSurfaceHandle cairoImage(const CGImage& image, std::size_t repeatX, std::si
 /// laid over the device at (0, 0). Null when there is no memory.
 CairoSurfaceHandle sampledImage(const CGImage& image, const CGAffineTransform& imageToDevice,
                                 const CGRect& area);
-
-/// An image surface as a PNG file; empty when that fails.
-std::string pngFile(cairo_surface_t* surface);
 
 }  // namespace vexel
