@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include <CorePlot/CPTGraphHostingView.h>
 #include <CorePlot/CPTXYAxis.h>
@@ -14,6 +15,8 @@ namespace {
 
 // Between the upper edge of the graph and its title.
 constexpr CGFloat kTitleInset = 2;
+// Each has the size of the graph.
+constexpr std::size_t kMostPictures = 2;
 
 }  // namespace
 
@@ -23,21 +26,30 @@ struct CPTGraph::Slice {
   const void* owner;
   bool needsDisplay;
   std::function<void(CGContext&)> draw;
+  /// Text above all plots.
+  bool isOverlay = false;
 };
 
-/// What the first slices looked like at the last display.
-struct CPTGraph::KeptPicture {
-  std::unique_ptr<CGLayer> layer;
-  std::vector<const void*> owners;
+/// Pictures of the first slices as they were at the last display, each of more than the one before.
+struct CPTGraph::KeptPictures {
+  struct Picture {
+    std::unique_ptr<CGLayer> layer;
+    std::vector<const void*> owners;
 
-  bool shows(const std::vector<Slice>& slices, std::size_t clean) const {
-    if (!layer || owners.size() > clean) return false;
-    return std::equal(owners.begin(), owners.end(), slices.begin(),
-                      [](const void* owner, const Slice& slice) { return owner == slice.owner; });
-  }
+    bool shows(const std::vector<Slice>& slices, std::size_t clean) const {
+      if (owners.size() > clean) return false;
+      return std::equal(owners.begin(), owners.end(), slices.begin(),
+                        [](const void* owner, const Slice& slice) { return owner == slice.owner; });
+    }
+  };
+
+  std::vector<Picture> pictures;
+  /// The first slice that had changed at the last display; null when none had.
+  const void* changed = nullptr;
 };
 
-CPTGraph::CPTGraph(CGRect frame) : CPTBorderedLayer(frame) {
+CPTGraph::CPTGraph(CGRect frame)
+    : CPTBorderedLayer(frame), kept_(std::make_unique<KeptPictures>()) {
   setPadding(kDefaultPadding);
 }
 
@@ -232,18 +244,20 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
                         });
                       }});
 
-  result.push_back(
-      {&titleTextStyle_, false, [this, plotRect, axes, inPlotArea](CGContext& context) {
-         inPlotArea(context, [&] {
-           for (const auto& placed : *axes) drawLabels(context, placed.layout);
-           for (const auto& placed : *axes) drawAxisTitle(context, placed.layout);
-         });
-         drawTitle(context, plotRect);
-       }});
-  result.push_back(
-      {area.get(), area->annotationsNeedDisplay(), [area, inPlotArea](CGContext& context) {
-         inPlotArea(context, [&] { area->drawAnnotations(context); });
-       }});
+  result.push_back({&titleTextStyle_, false,
+                    [this, plotRect, axes, inPlotArea](CGContext& context) {
+                      inPlotArea(context, [&] {
+                        for (const auto& placed : *axes) drawLabels(context, placed.layout);
+                        for (const auto& placed : *axes) drawAxisTitle(context, placed.layout);
+                      });
+                      drawTitle(context, plotRect);
+                    },
+                    true});
+  result.push_back({area.get(), area->annotationsNeedDisplay(),
+                    [area, inPlotArea](CGContext& context) {
+                      inPlotArea(context, [&] { area->drawAnnotations(context); });
+                    },
+                    true});
   return result;
 }
 
@@ -274,28 +288,38 @@ void CPTGraph::displayChart(CGContext& context) {
       all[i].draw(target);
     }
   };
-  const auto firstDirty =
-      std::find_if(all.begin(), all.end(), [](const Slice& slice) { return slice.needsDisplay; });
-  const auto clean = static_cast<std::size_t>(firstDirty - all.begin());
+  const auto begin = all.begin();
+  const auto firstDirty = std::find_if(begin, all.end(), std::mem_fn(&Slice::needsDisplay));
+  const auto firstOverlay = std::find_if(begin, all.end(), std::mem_fn(&Slice::isOverlay));
+  const auto clean = static_cast<std::size_t>(firstDirty - begin);
+  const auto overlay = static_cast<std::size_t>(firstOverlay - begin);
 
-  if (kept_ && kept_->shows(all, clean) && kept_->layer->fits(context)) {
-    context.drawLayer(*kept_->layer);
-    draw(context, kept_->owners.size(), all.size());
-    return;
-  }
-  kept_.reset();
-  // The first display, and one in which everything changed, has nothing that is worth keeping.
-  auto layer = clean > 0 ? context.makeLayer(bounds()) : nullptr;
+  auto& pictures = kept_->pictures;
+  std::erase_if(pictures, [&](const auto& picture) {
+    return !picture.shows(all, clean) || !picture.layer->fits(context);
+  });
+  const void* const changed = firstDirty == all.end() ? nullptr : firstDirty->owner;
+  const bool changedAgain = std::exchange(kept_->changed, changed) == changed;
+
+  // What lies below the change is kept: at once when nothing is, and on top of what is kept when
+  // the same part goes on changing. When everything changes the next change will most likely be
+  // one above the plots, unless it goes on like that.
+  const std::size_t kept = pictures.empty() ? 0 : pictures.back().owners.size();
+  const std::size_t wanted = clean == 0 && !changedAgain ? overlay : std::min(clean, overlay);
+  const bool worthKeeping = wanted > kept && (kept == 0 || changedAgain);
+  auto layer = worthKeeping ? context.makeLayer(bounds()) : nullptr;
   if (!layer) {
-    draw(context, 0, all.size());
+    if (kept > 0) context.drawLayer(*pictures.back().layer);
+    draw(context, kept, all.size());
     return;
   }
-  draw(layer->context(), 0, clean);
+  if (kept > 0) layer->context().drawLayer(*pictures.back().layer);
+  draw(layer->context(), kept, wanted);
   context.drawLayer(*layer);
-  kept_ = std::make_unique<KeptPicture>();
-  for (std::size_t i = 0; i < clean; ++i) kept_->owners.push_back(all[i].owner);
-  kept_->layer = std::move(layer);
-  draw(context, clean, all.size());
+  if (pictures.size() == kMostPictures) pictures.erase(pictures.begin());
+  pictures.push_back({std::move(layer), {}});
+  for (std::size_t i = 0; i < wanted; ++i) pictures.back().owners.push_back(all[i].owner);
+  draw(context, wanted, all.size());
 }
 
 }  // namespace vexel

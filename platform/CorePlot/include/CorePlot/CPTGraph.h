@@ -68,7 +68,8 @@ class CPTGraph : public CPTBorderedLayer {
 
   /// Draws the chart in its own coordinates and within its bounds, back to front: background,
   /// minor grid, major grid, axis lines and ticks, plots, axis labels, axis titles, annotations. On
-  /// bitmaps what lies below the lowest change since the last display is taken from a kept picture.
+  /// bitmaps what lies below the lowest change since the last display is taken from a kept picture
+  /// where there is one: what moves above all else draws nothing else again.
   /// A hidden graph draws nothing; a hidden plot area, or frame, hides all that lies on it.
   void displayChart(CGContext& context);
 
@@ -82,7 +83,7 @@ class CPTGraph : public CPTBorderedLayer {
  private:
   friend class CPTGraphHostingView;
   struct Slice;
-  struct KeptPicture;
+  struct KeptPictures;
 
   std::vector<Slice> slices();
   void drawTitle(CGContext& context, const CGRect& plotArea) const;
@@ -94,7 +95,7 @@ class CPTGraph : public CPTBorderedLayer {
   std::vector<std::shared_ptr<CPTPlot>> plots_;
   std::optional<std::string> title_;
   CPTTextStyle titleTextStyle_;
-  std::unique_ptr<KeptPicture> kept_;
+  std::unique_ptr<KeptPictures> kept_;
 };
 
 }  // namespace vexel
