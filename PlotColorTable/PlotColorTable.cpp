@@ -24,9 +24,17 @@ constexpr Family kFamilies[] = {
     {"IDL", "IDL", idlColorTables},
 };
 
-/// How messages from a function begin; the line is that of the call.
-std::string place(std::string_view function, std::uint32_t line = __builtin_LINE()) {
+/// How messages from a line of a function begin.
+std::string place(std::string_view function, std::uint32_t line) {
   return "PlotColorTable." + std::string(function) + ":" + std::to_string(line) + " ";
+}
+
+/// Logs as from that function and the line of the call; `makeText` gives what follows the place.
+template <class MakeText>
+void log(DDLogFlag flag, std::string_view function, MakeText makeText,
+         std::uint32_t line = __builtin_LINE()) {
+  ddLog(
+      flag, [&] { return place(function, line) + makeText(); }, __builtin_FILE(), function, line);
 }
 
 std::string numbered(std::string_view family, std::int64_t number) {
@@ -46,14 +54,13 @@ PlotColorTable::PlotColorTable(std::int64_t ct, std::string_view family) {
     if (known.key != family) continue;
     const ColorTable* table = find(known.tables(), ct);
     if (!table) break;
-    ddLog(DDLogFlag::debug,
-          [&] { return place(kFunction) + "Loaded color table " + numbered(known.nameInLog, ct); });
+    log(DDLogFlag::debug, kFunction,
+        [&] { return "Loaded color table " + numbered(known.nameInLog, ct); });
     convert(*table);
     return;
   }
-  ddLog(DDLogFlag::error, [&] {
-    return place(kFunction) + "Undefined color table " + numbered(family, ct) + " - load default";
-  });
+  log(DDLogFlag::error, kFunction,
+      [&] { return "Undefined color table " + numbered(family, ct) + " - load default"; });
   loadDefaultTable();
 }
 
@@ -61,8 +68,9 @@ void PlotColorTable::loadDefaultTable() {
   constexpr std::string_view kFunction = "loadDefaultTable()";
   const std::string name = numbered("IDL", kDefaultTable);
   const ColorTable* table = find(idlColorTables(), kDefaultTable);
-  if (!table) fatalError(place(kFunction) + "Default color table " + name + " does not exist!");
-  ddLog(DDLogFlag::debug, [&] { return place(kFunction) + "Loaded default color table " + name; });
+  if (!table)
+    fatalError(place(kFunction, __LINE__) + "Default color table " + name + " does not exist!");
+  log(DDLogFlag::debug, kFunction, [&] { return "Loaded default color table " + name; });
   convert(*table);
 }
 
