@@ -1,4 +1,4 @@
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 #include "PackedColorTable.h"
 
 // Color specifications and designs developed by Cynthia Brewer (https://colorbrewer.org/), spread

@@ -1,4 +1,4 @@
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 #include "PackedColorTable.h"
 
 // Master palettes of the Generic Mapping Tools, sampled to 256 entries by the rules in

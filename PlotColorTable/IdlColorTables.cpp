@@ -1,4 +1,4 @@
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 #include "PackedColorTable.h"
 
 // The predefined tables of the IDL data-visualisation language under their numbers there, entry by

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <initializer_list>
 
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 
 namespace vexel {
 

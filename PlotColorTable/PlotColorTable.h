@@ -6,7 +6,7 @@
 
 #include <AppKit/NSColor.h>
 
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 
 namespace vexel {
 

@@ -1,4 +1,4 @@
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 #include "PackedColorTable.h"
 
 // The library's own: red through black in the middle to pale blue.

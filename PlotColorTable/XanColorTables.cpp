@@ -1,4 +1,4 @@
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 #include "PackedColorTable.h"
 
 // The library's own: black through blue to white.

@@ -1,4 +1,4 @@
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -9,7 +9,7 @@
 #include <functional>
 #include <vector>
 
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 
 namespace vexel {
 namespace {

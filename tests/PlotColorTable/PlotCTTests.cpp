@@ -6,7 +6,7 @@
 #include <limits>
 #include <unordered_set>
 
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 #include "PlotColorTable/ReplacedCatalogue.h"
 #include "platform/CocoaLumberjack/LogFixture.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "ColorTableCatalogue.h"
+#include <PlotColorTable/ColorTableCatalogue.h>
 
 namespace vexel {
 
