@@ -1,5 +1,11 @@
 #include "ImpactFigure.h"
 
+#include <VexelWithMarkers/PlotMarker.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <limits>
+
 namespace explorer {
 
 using namespace vexel;
@@ -22,6 +28,23 @@ constexpr float kLineWidth = 1.5;
 constexpr float kSymbolSize = 3;
 constexpr double kSymbolOpacity = 0.55;
 
+constexpr const char* kBox = "Strongest stream";
+constexpr float kBoxLineWidth = 1;
+// Above the fullest bar, of the height of the band, and on both sides, of the width of a bar.
+constexpr double kRoomAbove = 0.03;
+constexpr double kRoomBeside = 0.75;
+constexpr float kNoteSize = 12;
+// Where the note on the perihelion stands in its band, from the bottom.
+constexpr double kPerihelionNoteHeight = 0.8;
+
+constexpr double kAbsent = std::numeric_limits<double>::quiet_NaN();
+
+std::vector<double> doubles(const PlotMarker::Numbers& numbers) {
+  std::vector<double> result;
+  for (const auto& number : numbers) result.push_back(number ? number->doubleValue() : kAbsent);
+  return result;
+}
+
 NSColor bandColor(std::size_t index, double alpha) {
   static constexpr double kColors[][3] = {
       {0.12, 0.47, 0.71}, {0.89, 0.47, 0.10}, {0.20, 0.60, 0.26}, {0.80, 0.20, 0.24},
@@ -36,6 +59,7 @@ NSColor bandColor(std::size_t index, double alpha) {
 void ImpactFigure::setupPlot() {
   setViews(static_cast<int>(bands_.size()), kTopPadding, kTimeAxisPadding);
   for (std::size_t i = 0; i < bands_.size(); ++i) addBand(i);
+  if (highlights_ && !bands_.empty()) addHighlights();
 }
 
 void ImpactFigure::draw(const std::vector<double>&) {
@@ -128,18 +152,85 @@ void ImpactFigure::addSeries(const std::shared_ptr<CPTXYGraph>& graph, std::size
   });
 }
 
-const Band& ImpactFigure::bandOf(const CPTPlot& plot) const {
-  return bands_[std::stoul(plot.identifier())];
+void ImpactFigure::addHighlights() {
+  const auto [start, end] = timeSpan(bands_);
+  auxiliaryValues() = {start, end};
+  for (const auto& graph : graphs()) setPermanentVerticalMarker(highlights_->perihelionDay, graph);
+  perihelionLines_.clear();
+  for (const Band& band : bands_) perihelionLines_.push_back(perihelionLine(band));
+  addBox();
+
+  const NSColor color = theme().plotColor();
+  NSAttributedString note(" perihelion, ", {.fontSize = kNoteSize, .color = color});
+  note.append("r", {.fontSize = kNoteSize, .color = color, .italic = true});
+  note.append("min", {.fontSize = kNoteSize, .color = color, .superscript = -1});
+  note.append(fmt::format(" = {:.2f} au", highlights_->perihelionDistance),
+              {.fontSize = kNoteSize, .color = color});
+  const double fraction = (highlights_->perihelionDay - start) / (end - start);
+  addAnnotation(note, {.graph = graphs().front(),
+                       .anchorPointNormal = std::vector{fraction, kPerihelionNoteHeight}});
+}
+
+void ImpactFigure::addBox() {
+  const Band& counts = bands_.front();
+  const double top = highlights_->mostImpacts + kRoomAbove * (counts.upper - counts.lower);
+  const double beside = kRoomBeside * counts.barWidth;
+  const DaySpan& days = highlights_->strongestStream;
+  const auto box = PlotMarker::makePlotBox({
+      .xRange = std::vector{days.start - beside, days.end + beside},
+      .yRange = std::vector{counts.lower, top},
+      .label = kBox,
+      .rotate = false,
+  });
+  box_ = {doubles(box.boxX()), doubles(box.boxY())};
+  addPlot(PlotArguments{
+      .to = graphs().front(),
+      .identifiedBy = kBox,
+      .lineWidth = kBoxLineWidth,
+      .circle = false,
+      .circleSize = kSymbolSize,
+      .label = false,
+      .labelOffset = 0.0f,
+      .labelRotation = 0.0f,
+  });
+  const auto middle = (box_.values[0] + box_.values[2]) / 2;
+  addAnnotation(" strongest stream",
+                {.graph = graphs().front(),
+                 .anchorPlotPoint =
+                     std::vector{static_cast<float>(box_.times[1]), static_cast<float>(middle)},
+                 .fontSize = kNoteSize});
+}
+
+ImpactFigure::Line ImpactFigure::perihelionLine(const Band& band) {
+  const PlotMarker marker(PlotMarker::Arguments{
+      .type = PlotMarker::MarkerType::verticalLine,
+      .x = permanentVerticalMarkerX(),
+      .y = 0.0f,
+      .xRange = std::vector<double>(),
+      .yRange = std::vector<float>(),
+      .rotate = false,
+  });
+  return {doubles(marker.lineX()), {band.lower, band.upper, kAbsent}};
+}
+
+ImpactFigure::Points ImpactFigure::pointsOf(const CPTPlot& plot) {
+  const auto points = [](const auto& series) { return Points{series.times, series.values}; };
+  if (plot.identifier() == kBox) return points(box_);
+  if (plot.identifier() != kPermanentVerticalMarker)
+    return points(bands_[std::stoul(plot.identifier())]);
+  const auto graph = std::find_if(graphs().begin(), graphs().end(),
+                                  [&](const auto& g) { return g.get() == plot.graph(); });
+  return points(perihelionLines_[static_cast<std::size_t>(graph - graphs().begin())]);
 }
 
 std::size_t ImpactFigure::numberOfRecords(const CPTPlot& plot) {
-  return bandOf(plot).times.size();
+  return pointsOf(plot).times.size();
 }
 
 std::optional<CPTNumericData> ImpactFigure::numbers(const CPTPlot& plot, unsigned field,
                                                     CPTRecordRange) {
-  const Band& band = bandOf(plot);
-  return field == CPTScatterPlotFieldX ? band.times : band.values;
+  const Points points = pointsOf(plot);
+  return field == CPTScatterPlotFieldX ? points.times : points.values;
 }
 
 }  // namespace explorer

@@ -1,17 +1,23 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include <Vexel/Adopter.h>
+#include <VexelWithMarkers/VexelWithMarkers.h>
 
 #include "Band.h"
+#include "Highlights.h"
 
 namespace explorer {
 
-/// Bands over a common time axis, the first one on top.
-class ImpactFigure : public vexel::Adopter<vexel::Vexel> {
+/// Bands over a common time axis, the first one on top. Highlights are marked: the perihelion by a
+/// line through all bands, the strongest stream by a box in the first.
+class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers> {
  public:
-  explicit ImpactFigure(std::vector<Band> bands) : bands_(std::move(bands)) {}
+  explicit ImpactFigure(std::vector<Band> bands,
+                        std::optional<Highlights> highlights = std::nullopt)
+      : bands_(std::move(bands)), highlights_(std::move(highlights)) {}
 
   void setupPlot() override;
   void draw(const std::vector<double>& presented) override;
@@ -25,9 +31,26 @@ class ImpactFigure : public vexel::Adopter<vexel::Vexel> {
   void addBand(std::size_t index);
   void addAxes(const std::shared_ptr<vexel::CPTXYGraph>& graph, const Band& band, bool isLowest);
   void addSeries(const std::shared_ptr<vexel::CPTXYGraph>& graph, std::size_t index);
-  const Band& bandOf(const vexel::CPTPlot& plot) const;
+  void addHighlights();
+  void addBox();
+
+  /// The corners of a line, an absent one (NaN) at the end.
+  struct Line {
+    std::vector<double> times;
+    std::vector<double> values;
+  };
+  struct Points {
+    const std::vector<double>& times;
+    const std::vector<double>& values;
+  };
+  Points pointsOf(const vexel::CPTPlot& plot);
+  Line perihelionLine(const Band& band);
 
   std::vector<Band> bands_;
+  std::optional<Highlights> highlights_;
+  /// Per band.
+  std::vector<Line> perihelionLines_;
+  Line box_;
 };
 
 }  // namespace explorer

@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include "CsvReader.h"
+#include "Highlights.h"
 #include "ImpactFigure.h"
 #include "InputError.h"
 #include "TimeColumn.h"
@@ -84,16 +85,24 @@ std::optional<int> parse(int argc, char** argv, Options& options) {
   return std::nullopt;
 }
 
-std::vector<Band> load(const Options& options) {
+struct Content {
+  std::vector<Band> bands;
+  std::optional<Highlights> highlights;
+};
+
+Content load(const Options& options) {
   if (!options.file) {
     const ImpactSample sample = impactSample();
     const std::size_t time = timeColumn(sample.table, options.timeName, kSampleName);
-    return bandsOf(sample, time, options.valueNames, kSampleName);
+    Content content{bandsOf(sample, time, options.valueNames, kSampleName), std::nullopt};
+    // Another quantity may stand in for the time, and then there are no days to point out.
+    if (!options.timeName) content.highlights = highlightsOf(sample, content.bands.front());
+    return content;
   }
-  const CsvContent content = readCsv(*options.file);
-  for (const std::string& warning : content.report.warnings()) complain(warning);
-  const std::size_t time = timeColumn(content.table, options.timeName, *options.file);
-  return bandsOf(content.table, time, options.valueNames, *options.file);
+  const CsvContent csv = readCsv(*options.file);
+  for (const std::string& warning : csv.report.warnings()) complain(warning);
+  const std::size_t time = timeColumn(csv.table, options.timeName, *options.file);
+  return {bandsOf(csv.table, time, options.valueNames, *options.file), std::nullopt};
 }
 
 }  // namespace
@@ -103,7 +112,9 @@ int main(int argc, char** argv) {
   if (const auto exitCode = parse(argc, argv, options)) return *exitCode;
   try {
     const auto view = std::make_shared<vexel::PlotView>(vexel::CGRect{{}, options.size});
-    const auto figure = vexel::makePlot<ImpactFigure>(view, options.theme, load(options));
+    Content content = load(options);
+    const auto figure = vexel::makePlot<ImpactFigure>(view, options.theme, std::move(content.bands),
+                                                      std::move(content.highlights));
     figure->show();
     for (const std::string& file : options.exports) vexel::exportFigure(*view, file, options.scale);
   } catch (const InputError& error) {

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <PlotColorTable/SymbolColorCode.h>
+
+#include "Column.h"
+
+namespace explorer {
+
+/// The quantity that symbols are coloured by.
+struct ColorCoding {
+  vexel::SymbolColorCode quantity = vexel::SymbolColorCode::none;
+  /// Of the colour bar.
+  std::string title;
+  /// One per symbol; NaN where there is none.
+  std::vector<double> values;
+
+  /// What the colour bar shows, with a colour per value that is there.
+  vexel::ColorBarDefinition definition() const;
+};
+
+/// The coding that suits a column: as the quantity that its name speaks of (charge, speed, size,
+/// mass or energy), else by what its values are like. Values that are not all above 0, or span
+/// less than a decade, are shown linearly whatever they are called.
+ColorCoding codingOf(const Column& column);
+
+}  // namespace explorer
