@@ -19,6 +19,7 @@ void CPTGraphHostingView::setHostedGraph(std::shared_ptr<CPTGraph> graph) {
 }
 
 void CPTGraphHostingView::setFrameSize(CGSize size) {
+  const auto keptUntilTheEnd = weak_from_this().lock();
   NSView::setFrameSize(size);
   if (hostedGraph_) hostedGraph_->setFrame({{}, bounds().size});
 }
