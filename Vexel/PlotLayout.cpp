@@ -14,15 +14,13 @@ CGFloat element(const std::vector<CGFloat>& padding, std::size_t index) {
   return padding[index];
 }
 
-/// Heights of the bands from the bottom up.
-std::vector<CGFloat> bandHeights(int count, CGFloat hostHeight, CGFloat paddingTop,
-                                 CGFloat paddingBottom) {
+/// Height of a band, counted from the bottom.
+CGFloat bandHeight(int index, int count, CGFloat hostHeight, CGFloat paddingTop,
+                   CGFloat paddingBottom) {
   const CGFloat height = (hostHeight - paddingTop - paddingBottom) / count;
-  std::vector<CGFloat> heights(static_cast<std::size_t>(count), height);
-  heights.front() = paddingBottom + height;
   // Deliberate: a single band takes the bottom padding only, and the top padding stays empty.
-  if (count >= 2) heights.back() = paddingTop + height;
-  return heights;
+  if (index == 0) return paddingBottom + height;
+  return index == count - 1 ? paddingTop + height : height;
 }
 
 }  // namespace
@@ -36,8 +34,8 @@ void Vexel::setViews(int count, CGFloat paddingTop, CGFloat paddingBottom) {
 
   const CGFloat hostHeight = host->bounds().size.height;
   CGFloat stackHeight = 0;
-  int index = 0;
-  for (const CGFloat height : bandHeights(count, hostHeight, paddingTop, paddingBottom)) {
+  for (int index = 0; index < count; ++index) {
+    const CGFloat height = bandHeight(index, count, hostHeight, paddingTop, paddingBottom);
     stackHeight += height;
     const auto band = std::make_shared<CPTGraphHostingView>();
     host->addSubview(band);
@@ -48,7 +46,7 @@ void Vexel::setViews(int count, CGFloat paddingTop, CGFloat paddingBottom) {
          {NSLayoutConstraintOrientation::vertical, NSLayoutConstraintOrientation::horizontal})
       band->setContentCompressionResistancePriority(kCompressionResistance, orientation);
 
-    const std::string name = "hostingView" + std::to_string(index++);
+    const std::string name = "hostingView" + std::to_string(index);
     const auto pin = [&](const char* suffix, NSLayoutAttribute attribute,
                          NSLayoutAttribute hostAttribute, CGFloat multiplier) {
       const auto constraint = NSLayoutConstraint::constraint({

@@ -1,4 +1,5 @@
 #include <CocoaLumberjack/DDLog.h>
+#include <PlotTheme/NSColorNames.h>
 #include <Vexel/Vexel.h>
 
 namespace vexel {
@@ -11,7 +12,7 @@ CALayerDelegate* asLayerDelegate(NSObject* delegate) {
 
 std::optional<CPTColor> cptColor(const std::optional<NSColor>& color) {
   if (!color) return std::nullopt;
-  return CPTColor(CPTCreateCGColorFromNSColor(*color));
+  return vexel::getCPTColor(*color);
 }
 
 CPTPlotSymbol circleSymbol(const CPTColorPlotArguments& arguments) {
@@ -94,9 +95,8 @@ std::shared_ptr<CPTBarPlot> Vexel::addBarPlot(const BarPlotArguments& arguments)
 
   auto fillColor = getCPTColor(arguments.color);
   if (!fillColor)
-    fillColor = theme().plotCPTColor() == CPTColor::whiteColor()
-                    ? CPTColor::darkGrayColor()
-                    : CPTColor::colorWithGenericGray(0.8);
+    // The theme's marker colour: dark grey on black, grey 0.8 on the light themes.
+    fillColor = theme().markerCPTColor();
   auto lineColor = getCPTColor(arguments.lineColor);
   if (!lineColor) lineColor = theme().plotCPTColor();
 

@@ -13,7 +13,10 @@ namespace vexel {
 NSView::NSView(CGRect frame)
     : frame_{acceptedPoint(frame.origin), acceptedSize(frame.size)}, dirtyRect_(bounds()) {}
 
-NSView::~NSView() = default;
+NSView::~NSView() {
+  // Subviews that outlive this view, or act in their own destruction, find no superview.
+  for (const auto& view : subviews_) view->superview_ = nullptr;
+}
 
 std::shared_ptr<NSView> NSView::superview() const {
   auto* view = superview_.get();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <new>
 #include <string>
 #include <utility>
@@ -26,6 +27,8 @@ int pixelCount(CGFloat points, CGFloat backingScale) {
 }
 
 CairoSurfaceHandle makeSurface(int width, int height) {
+  if (std::int64_t{width} * height > CGBitmapContext::kMostPixels)
+    throw CGContextError("A bitmap must have at most 2^28 pixels");
   CairoSurfaceHandle surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
   if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
     throw CGContextError(cairo_status_to_string(status));

@@ -40,7 +40,7 @@ class CairoDocumentContext final : public CairoContext<CGDocumentContext> {
   std::string finish() override {
     end();
     if (status_ != CAIRO_STATUS_SUCCESS) throw CGContextError(cairo_status_to_string(status_));
-    return *bytes_;
+    return format_ == Format::svg ? rewrittenSvg(*bytes_) : *bytes_;
   }
 
  private:
@@ -50,7 +50,6 @@ class CairoDocumentContext final : public CairoContext<CGDocumentContext> {
     status_ = canvas_.finish();
     cairo_surface_finish(canvas_.surface());
     if (status_ == CAIRO_STATUS_SUCCESS) status_ = cairo_surface_status(canvas_.surface());
-    if (format_ == Format::svg) *bytes_ = rewrittenSvg(*bytes_);
   }
 
   Format format_;

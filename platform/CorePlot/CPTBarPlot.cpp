@@ -130,22 +130,27 @@ void CPTBarPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
     if (fill_) isRound ? fill_->fill(context, path) : fill_->fill(context, rect);
     if (outline) context.stroke(path, *outline);
   }
-  if (!narrow.isEmpty() && fill_) fill_->fill(context, narrow);
+  if (narrow.isEmpty()) return;
+  if (fill_)
+    fill_->fill(context, narrow);
+  else if (outline)
+    context.fill(narrow, outline->color);
 }
 
 void CPTBarPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {
   const Geometry geometry(*this, space);
   if (!geometry.isDrawable()) return;
   const CGRect area{{}, plotAreaSize()};
+  std::vector<LabelPlace> places;
   for (std::size_t record = 0; record < recordCount(); ++record) {
     const auto bar = geometry.bar(record);
     if (!bar) continue;
     const CGPoint tip = geometry.point((bar->from + bar->to) / 2, bar->tip);
     if (!area.contains(tip)) continue;
     const CGFloat away = bar->tip < bar->base ? -1 : 1;
-    if (const auto text = label(record, tips_[record]))
-      drawLabel(context, *text, tip, geometry.point(0, away));
+    places.push_back({record, tips_[record], tip, geometry.point(0, away)});
   }
+  drawLabelsAt(context, places);
 }
 
 }  // namespace vexel

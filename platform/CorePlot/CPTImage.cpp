@@ -8,7 +8,7 @@ namespace {
 
 // Smaller tiles would only show as their mean colour, in points.
 constexpr CGFloat kSmallestTile = 1;
-constexpr CGFloat kMostTiles = 1e6;
+constexpr CGFloat kMostTiles = 10000;
 
 }  // namespace
 

@@ -23,6 +23,11 @@ CGRect usable(const CGRect& frame) {
 
 CPTLayer::CPTLayer(CGRect frame) : frame_(usable(frame)) {}
 
+CPTLayer::~CPTLayer() {
+  // Sublayers that outlive this layer, or act in their own destruction, find no superlayer.
+  for (const auto& layer : sublayers_) layer->superlayer_ = nullptr;
+}
+
 void CPTLayer::setFrame(CGRect frame) {
   frame = usable(frame);
   if (frame_ == frame) return;

@@ -73,11 +73,16 @@ void CPTPlot::setLabelRotation(CGFloat radians) {
   setNeedsDisplay();
 }
 
+bool CPTPlot::needsDisplay() const {
+  return CPTLayer::needsDisplay() || (hasDrawnRecords_ && !dataSource());
+}
+
 void CPTPlot::draw(CGContext& context) {
   reloadDataIfNeeded();
   // Borrowed numbers die with their source.
   const auto space = std::dynamic_pointer_cast<CPTXYPlotSpace>(plotSpace_);
-  if (!dataSource() || !space || recordCount_ == 0) return;
+  hasDrawnRecords_ = dataSource() && space && recordCount_ > 0;
+  if (!hasDrawnRecords_) return;
   {
     const CGSavedState state(context);
     context.clip(CGRect{{}, plotAreaSize_});
@@ -104,15 +109,21 @@ std::shared_ptr<CPTTextLayer> CPTPlot::label(std::size_t record, double value) c
                                         labelTextStyle_.value_or(CPTTextStyle{}));
 }
 
-void CPTPlot::drawLabel(CGContext& context, CPTTextLayer& label, CGPoint anchor,
-                        CGPoint direction) const {
+void CPTPlot::drawLabelsAt(CGContext& context, std::span<const LabelPlace> places) const {
+  const std::size_t step = (places.size() + kMostLabels - 1) / kMostLabels;
+  for (std::size_t i = 0; i < places.size(); i += step)
+    if (const auto text = label(places[i].record, places[i].value))
+      drawLabel(context, *text, places[i]);
+}
+
+void CPTPlot::drawLabel(CGContext& context, CPTTextLayer& label, const LabelPlace& place) const {
   const CGSize size = label.frame().size;
   const CGFloat c = std::abs(std::cos(labelRotation_));
   const CGFloat s = std::abs(std::sin(labelRotation_));
   const CGPoint half{(size.width * c + size.height * s) / 2,
                      (size.width * s + size.height * c) / 2};
-  const CGPoint center{anchor.x + direction.x * (labelOffset_ + half.x),
-                       anchor.y + direction.y * (labelOffset_ + half.y)};
+  const CGPoint center{place.anchor.x + place.direction.x * (labelOffset_ + half.x),
+                       place.anchor.y + place.direction.y * (labelOffset_ + half.y)};
   if (!std::isfinite(center.x) || !std::isfinite(center.y)) return;
   const CGSavedState state(context);
   context.translate(center.x, center.y);

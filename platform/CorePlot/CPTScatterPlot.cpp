@@ -231,9 +231,10 @@ void CPTScatterPlot::drawColoredSymbols(CGContext& context, const CPTPlotSymbol&
 void CPTScatterPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {
   const CGRect area{{}, plotAreaSize()};
   const std::vector<CGPoint> points = viewPoints(space);
+  std::vector<LabelPlace> places;
   for (std::size_t i = 0; i < points.size(); ++i)
-    if (area.contains(points[i]))
-      if (const auto text = label(i, y_[i])) drawLabel(context, *text, points[i], {0, 1});
+    if (area.contains(points[i])) places.push_back({i, y_[i], points[i], {0, 1}});
+  drawLabelsAt(context, places);
 }
 
 }  // namespace vexel

@@ -89,6 +89,7 @@ class Vexel : public CPTPlotDataSource {
   /// points at the host's present height. A single band leaves the top padding empty. The bands
   /// keep their proportions when the host is resized.
   ///
+  /// A host without height gives bands without height: stack them again once it has one.
   /// Without a host only the present bands are removed. A negative count is a fatal error.
   virtual void setViews(int count, CGFloat paddingTop, CGFloat paddingBottom);
 

@@ -208,8 +208,17 @@ TEST_F(CPTBarPlotTest, NarrowBarsAreOneShapeWithoutOutline) {
   EXPECT_THAT(drawnCalls({{20, 21}, {30, 40}}),
               ElementsAre("fill #000000: M 19.5 0 L 20.5 0 L 20.5 30 L 19.5 30 Z "
                           "M 20.5 0 L 21.5 0 L 21.5 40 L 20.5 40 Z"));
+  plot->setLineStyle(std::nullopt);
   plot->setFill(std::nullopt);
   EXPECT_THAT(drawnCalls({{20, 21}, {30, 40}}), IsEmpty());
+}
+
+TEST_F(CPTBarPlotTest, NarrowBarsWithoutFillTakeTheColourOfTheirOutline) {
+  plot->setBarWidth(1);
+  plot->setLineStyle(CPTLineStyle{.lineColor = CPTColor::redColor()});
+  plot->setFill(std::nullopt);
+  EXPECT_THAT(drawnCalls({{20}, {30}}),
+              ElementsAre("fill #ff0000: M 19.5 0 L 20.5 0 L 20.5 30 L 19.5 30 Z"));
 }
 
 TEST_F(CPTBarPlotTest, OnALogScaleABaseWithoutAPlaceIsTheLowEdge) {

@@ -15,6 +15,8 @@ class CGBitmapContext : public CGContext {
  public:
   /// Largest number of pixels in either direction.
   static constexpr int kMaximumPixels = 32767;
+  /// And in all: 1 GiB of them.
+  static constexpr std::int64_t kMostPixels = std::int64_t{1} << 28;
 
   /// `size` in points, `backingScale` pixels per point; the bitmap has the product, rounded, of
   /// pixels, at least one. Throws CGContextError.

@@ -38,7 +38,8 @@ class CPTBarPlot : public CPTPlot {
   bool barsAreHorizontal() const { return barsAreHorizontal_; }
   void setBarsAreHorizontal(bool horizontal) { change(barsAreHorizontal_, horizontal); }
 
-  /// The outline; absent: none.
+  /// The outline; absent: none. Bars narrower than 3 points have none either, so that it does not
+  /// hide them; without a fill they are filled in its colour.
   const std::optional<CPTLineStyle>& lineStyle() const { return lineStyle_; }
   void setLineStyle(std::optional<CPTLineStyle> style) { change(lineStyle_, std::move(style)); }
   /// Default black; absent: none.

@@ -8,7 +8,8 @@ namespace vexel {
 
 /// An image that fills an area: stretched over it, or, tiled, repeated from its bottom-left
 /// corner. `scale` is the number of image pixels per point; one that is not above 0 and finite
-/// counts as 1. Tiles too small to be told apart are stretched instead. A value.
+/// counts as 1. Instead of tiles too small to be told apart, or more than
+/// 10,000 of them, the image is stretched. A value.
 struct CPTImage {
   std::shared_ptr<const CGImage> image;
   CGFloat scale = 1;

@@ -15,6 +15,7 @@ namespace vexel {
 class CPTLayer : public virtual NSObject {
  public:
   explicit CPTLayer(CGRect frame = {});
+  ~CPTLayer() override;
   CPTLayer(const CPTLayer&) = delete;
   CPTLayer& operator=(const CPTLayer&) = delete;
 
@@ -61,7 +62,7 @@ class CPTLayer : public virtual NSObject {
   void removeFromSuperlayer();
 
   /// Whether the layer's own content changed since it was last drawn. New layers need display.
-  bool needsDisplay() const { return needsDisplay_; }
+  virtual bool needsDisplay() const { return needsDisplay_; }
   void setNeedsDisplay();
   /// How often the layer has drawn its content so far.
   unsigned displayCount() const { return displayCount_; }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,9 @@ class CPTGraph;
 /// first drawn and after setDataNeedsReloading(), and keeps it.
 class CPTPlot : public CPTLayer {
  public:
+  /// More labels than this in one plot cannot be read.
+  static constexpr std::size_t kMostLabels = 1000;
+
   /// The name by which the graph and the data source know the plot; default empty.
   const std::string& identifier() const { return identifier_; }
   void setIdentifier(std::string identifier) { identifier_ = std::move(identifier); }
@@ -49,8 +53,9 @@ class CPTPlot : public CPTLayer {
   /// Style of labels made by the formatter; absent: the default style.
   const std::optional<CPTTextStyle>& labelTextStyle() const { return labelTextStyle_; }
   void setLabelTextStyle(std::optional<CPTTextStyle> style);
-  /// Labels every record with its value when the data source has no labels. Null (the default):
-  /// no such labels.
+  /// Labels every record with its value when the data source has no labels, as far as there are no
+  /// more than kMostLabels in view; then they are left out evenly. Null (the default): no such
+  /// labels.
   const std::shared_ptr<NSFormatter>& labelFormatter() const { return labelFormatter_; }
   void setLabelFormatter(std::shared_ptr<NSFormatter> formatter);
   /// Distance of a label from its point, in points.
@@ -62,6 +67,9 @@ class CPTPlot : public CPTLayer {
 
   /// The extent of the area drawn on, as the graph hands it over.
   void setPlotAreaSize(CGSize size) { plotAreaSize_ = size; }
+
+  /// Also when the data source of what was drawn is gone.
+  bool needsDisplay() const override;
 
  protected:
   explicit CPTPlot(CGRect frame) : CPTLayer(frame) {}
@@ -83,13 +91,23 @@ class CPTPlot : public CPTLayer {
   /// A field as the source lends it, or asked for record by record into `storage`.
   CPTNumericData readField(CPTPlotDataSource& source, unsigned field, std::size_t records,
                            std::vector<double>& storage) const;
-  /// The label of a record whose value is `value`; null when it has none.
-  std::shared_ptr<CPTTextLayer> label(std::size_t record, double value) const;
-  /// Draws a label so that its near edge is labelOffset from `anchor` in the direction given (a
-  /// unit vector along an axis).
-  void drawLabel(CGContext& context, CPTTextLayer& label, CGPoint anchor, CGPoint direction) const;
+  /// Where the label of a record goes: its near edge is labelOffset from `anchor` in the direction
+  /// given (a unit vector along an axis).
+  struct LabelPlace {
+    std::size_t record;
+    double value;
+    CGPoint anchor;
+    CGPoint direction;
+  };
+  /// Draws the labels of these records: all of them, or every second, third, ... when there are
+  /// more than kMostLabels.
+  void drawLabelsAt(CGContext& context, std::span<const LabelPlace> places) const;
+
 
  private:
+  /// The label of a record whose value is `value`; null when it has none.
+  std::shared_ptr<CPTTextLayer> label(std::size_t record, double value) const;
+  void drawLabel(CGContext& context, CPTTextLayer& label, const LabelPlace& place) const;
   friend class CPTGraph;
 
   void readFromSource();
@@ -100,6 +118,7 @@ class CPTPlot : public CPTLayer {
   std::shared_ptr<CPTPlotSpace> plotSpace_;
   bool dataNeedsReloading_ = true;
   std::size_t recordCount_ = 0;
+  bool hasDrawnRecords_ = false;
   std::vector<std::shared_ptr<CPTTextLayer>> dataLabels_;
   std::optional<CPTTextStyle> labelTextStyle_ = CPTTextStyle{};
   std::shared_ptr<NSFormatter> labelFormatter_;
