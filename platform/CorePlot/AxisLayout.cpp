@@ -4,6 +4,9 @@
 #include <cmath>
 #include <numbers>
 
+#include "TickLabels.h"
+#include "TitleLines.h"
+
 namespace vexel {
 
 namespace {
@@ -13,18 +16,13 @@ constexpr CGFloat kClosestTicks = 3;
 // Clear space between two labels along the axis, and between labels and title.
 constexpr CGFloat kLabelGap = 4;
 constexpr CGFloat kTitleGap = 3;
-// A tick that rounding puts this far outside the plot area belongs to its edge.
-constexpr CGFloat kEdgeTolerance = 1e-6;
+// A tick this far outside the plot area still shows, at its edge: no eye tells the places apart.
+constexpr CGFloat kEdgeTolerance = 0.5;
+// A tick at this part of the distance to the next one is a round number but for rounding.
+constexpr double kRoundTolerance = 1e-6;
 
 CPTSign orElse(CPTSign sign, CPTSign other) {
   return sign == CPTSign::none ? other : sign;
-}
-
-/// How far the major ticks reach to one side of the axis line.
-CGFloat tickReach(const CPTAxis& axis, CPTSign side) {
-  if (!axis.majorTickLineStyle()) return 0;
-  if (axis.tickDirection() == CPTSign::none) return axis.majorTickLength() / 2;
-  return axis.tickDirection() == side ? axis.majorTickLength() : 0;
 }
 
 /// Width and height of the upright box around a turned one.
@@ -42,15 +40,18 @@ CGFloat acrossOf(CPTCoordinate coordinate, CGSize size) {
   return coordinate == CPTCoordinate::X ? size.height : size.width;
 }
 
-CGFloat linePosition(const CPTXYAxis& axis, CGFloat across) {
-  if (axis.axisConstraints()) {
-    const CGFloat pinned = axis.axisConstraints()->position(0, across);
-    return std::isfinite(pinned) ? pinned : 0;
-  }
-  const auto other = axis.coordinate() == CPTCoordinate::X ? CPTCoordinate::Y : CPTCoordinate::X;
-  const CGFloat position =
-      axis.plotSpace()->scale(other, across).position(axis.orthogonalPosition());
-  return std::isnan(position) ? 0 : std::clamp(position, 0.0, across);
+/// Where a rectangle begins and ends in one direction.
+struct Stretch {
+  CGFloat low;
+  CGFloat high;
+};
+Stretch alongOf(CPTCoordinate coordinate, const CGRect& rect) {
+  return coordinate == CPTCoordinate::X ? Stretch{rect.minX(), rect.maxX()}
+                                        : Stretch{rect.minY(), rect.maxY()};
+}
+Stretch acrossOf(CPTCoordinate coordinate, const CGRect& rect) {
+  return coordinate == CPTCoordinate::X ? Stretch{rect.minY(), rect.maxY()}
+                                        : Stretch{rect.minX(), rect.maxX()};
 }
 
 /// The place of a value along the axis; absent outside the plot area.
@@ -80,23 +81,29 @@ int tickRoom(CGFloat extent) {
   return 2 + static_cast<int>(std::clamp(extent / kClosestTicks, 0.0, 1e4));
 }
 
-/// The labels of an axis in ascending order of their places: those set by hand, or those that the
-/// formatter gives for the ticks.
+/// The labels of an axis that say something, in ascending order of their places: those set by hand,
+/// or those made for the ticks.
 std::vector<std::shared_ptr<CPTAxisLabel>> labelsOf(const CPTAxis& axis, const Ticks& ticks,
-                                                    CGFloat extent) {
+                                                    const AxisScale& scale) {
+  const NSFormatter* const formatter = axis.labelFormatter().get();
   std::vector<std::shared_ptr<CPTAxisLabel>> labels;
   if (axis.labelingPolicy() == CPTAxisLabelingPolicy::none) {
     labels = axis.axisLabels();
-    std::erase_if(labels, [](const auto& label) { return std::isnan(label->tickLocation()); });
-  } else if (axis.labelFormatter()) {
-    const CPTTextStyle style = axis.labelTextStyle().value_or(CPTTextStyle{});
-    const std::size_t step = 1 + ticks.major.size() / static_cast<std::size_t>(tickRoom(extent));
-    for (std::size_t i = 0; i < ticks.major.size(); i += step) {
-      const double tick = ticks.major[i];
-      const std::string text = axis.labelFormatter()->string(tick);
-      if (text.empty()) continue;
-      labels.push_back(std::make_shared<CPTAxisLabel>(text, style));
-      labels.back()->setTickLocation(tick);
+    std::erase_if(labels, [&](const auto& label) {
+      return !label->contentLayer() || std::isnan(label->tickLocation()) ||
+             (formatter && formatter->string(label->tickLocation()).empty());
+    });
+  } else if (formatter) {
+    const std::size_t step =
+        1 + ticks.major.size() / static_cast<std::size_t>(tickRoom(scale.extent));
+    std::vector<double> labelled;
+    for (std::size_t i = 0; i < ticks.major.size(); i += step) labelled.push_back(ticks.major[i]);
+    const auto contents = tickLabels(
+        labelled, *formatter, axis.labelTextStyle().value_or(CPTTextStyle{}), scale.logarithmic);
+    for (std::size_t i = 0; i < labelled.size(); ++i) {
+      if (!contents[i]) continue;
+      labels.push_back(std::make_shared<CPTAxisLabel>(contents[i]));
+      labels.back()->setTickLocation(labelled[i]);
       labels.back()->setOffset(axis.labelOffset());
       labels.back()->setRotation(axis.labelRotation());
     }
@@ -107,69 +114,113 @@ std::vector<std::shared_ptr<CPTAxisLabel>> labelsOf(const CPTAxis& axis, const T
   return labels;
 }
 
-/// Leaves every k-th label, with the smallest k at which no two of them touch.
-void thinOut(std::vector<AxisLayout::Text>& labels, CPTCoordinate coordinate) {
-  const auto half = [&](const AxisLayout::Text& label) {
-    return alongOf(coordinate, turned(label.content->frame().size, label.rotation)) / 2;
+/// A label with its place.
+struct PlacedLabel {
+  double location;
+  AxisLayout::Text text;
+};
+
+/// The least change that puts a stretch into the view, or into its middle when it is too long.
+CGFloat changeInto(Stretch view, Stretch stretch) {
+  if (stretch.high - stretch.low > view.high - view.low)
+    return (view.low + view.high - stretch.low - stretch.high) / 2;
+  if (stretch.low < view.low) return view.low - stretch.low;
+  return std::min(view.high - stretch.high, 0.0);
+}
+
+bool isDecade(double number) {
+  const double exponent = std::log10(number);
+  return std::abs(exponent - std::round(exponent)) < kRoundTolerance;
+}
+
+/// Whether no two of every step-th label touch.
+bool fit(const std::vector<PlacedLabel>& labels, std::size_t first, std::size_t step,
+         CPTCoordinate coordinate) {
+  for (std::size_t i = first + step; i < labels.size(); i += step) {
+    const CGRect a = labels[i - step].text.box();
+    const CGRect b = labels[i].text.box();
+    const bool areApart =
+        coordinate == CPTCoordinate::X
+            ? std::abs(b.midX() - a.midX()) >= (a.size.width + b.size.width) / 2 + kLabelGap
+            : std::abs(b.midY() - a.midY()) >= (a.size.height + b.size.height) / 2;
+    if (!areApart) return false;
+  }
+  return true;
+}
+
+/// The first label to stay when every step-th does: such that they stand at multiples of the step
+/// where the labels do, at 0, 20, 40 rather than 10, 30, 50.
+std::size_t firstOf(const std::vector<PlacedLabel>& labels, std::size_t step, bool logarithmic) {
+  const auto number = [&](std::size_t i) {
+    return logarithmic ? std::log10(labels[i].location) : labels[i].location;
   };
-  const auto place = [&](const AxisLayout::Text& label) {
-    return coordinate == CPTCoordinate::X ? label.center.x : label.center.y;
-  };
-  const CGFloat gap = coordinate == CPTCoordinate::X ? kLabelGap : 0;
-  const auto fits = [&](std::size_t step) {
-    for (std::size_t i = step; i < labels.size(); i += step) {
-      const auto& a = labels[i - step];
-      const auto& b = labels[i];
-      if (std::abs(place(b) - place(a)) < half(a) + half(b) + gap) return false;
-    }
-    return true;
-  };
+  for (std::size_t i = 0; i < std::min(step, labels.size() - 1); ++i) {
+    const double multiple = number(i) / ((number(1) - number(0)) * static_cast<double>(step));
+    if (std::abs(multiple - std::round(multiple)) < kRoundTolerance) return i;
+  }
+  return 0;
+}
+
+/// Leaves every k-th label, with the smallest k at which no two of them touch. On a logarithmic
+/// scale the labels between the decades go first.
+void thinOut(std::vector<PlacedLabel>& labels, CPTCoordinate coordinate, bool logarithmic) {
+  if (labels.empty() || fit(labels, 0, 1, coordinate)) return;
+  const auto between = [](const PlacedLabel& label) { return !isDecade(label.location); };
+  if (logarithmic && !std::all_of(labels.begin(), labels.end(), between))
+    std::erase_if(labels, between);
   std::size_t step = 1;
-  while (step < labels.size() && !fits(step)) ++step;
-  std::size_t kept = 0;
-  for (std::size_t i = 0; i < labels.size(); i += step) std::swap(labels[kept++], labels[i]);
-  labels.resize(kept);
+  std::size_t first = 0;
+  while (step < labels.size() && !fit(labels, first, step, coordinate))
+    first = firstOf(labels, ++step, logarithmic);
+  std::vector<PlacedLabel> kept;
+  for (std::size_t i = first; i < labels.size(); i += step) kept.push_back(labels[i]);
+  labels = std::move(kept);
 }
 
 /// Places the labels; returns how far the farthest reaches from the axis line.
 CGFloat placeLabels(const CPTXYAxis& axis, const AxisScale& scale, const Ticks& ticks,
-                    AxisLayout& layout) {
-  const CPTSign side =
-      orElse(axis.tickLabelDirection(), orElse(axis.tickDirection(), CPTSign::negative));
+                    const CGRect& view, AxisLayout& layout) {
+  const CPTSign side = labelSide(axis);
   const CGFloat sign = static_cast<CGFloat>(side);
-  CGFloat reach = tickReach(axis, side);
-  const CGFloat tickEnd = reach;
-  for (const auto& label : labelsOf(axis, ticks, layout.along)) {
+  const CGFloat tickEnd = tickReach(axis, side);
+  CGFloat reach = tickEnd;
+  std::vector<PlacedLabel> placed;
+  for (const auto& label : labelsOf(axis, ticks, scale)) {
     const auto place = positionInside(label->tickLocation(), scale);
-    if (!place || !label->contentLayer()) continue;
-    const CGSize box = turned(label->contentLayer()->frame().size, label->rotation());
-    const CGFloat depth = acrossOf(axis.coordinate(), box);
+    if (!place) continue;
+    AxisLayout::Text text{label->contentLayer(), {}, label->rotation()};
+    const CGSize box = text.box().size;
     const CGFloat distance = tickEnd + label->offset();
-    layout.labels.push_back({label->contentLayer(),
-                             layout.point(*place, layout.line + sign * (distance + depth / 2)),
-                             label->rotation()});
+    const CGFloat depth = acrossOf(layout.coordinate, box);
+    const CGFloat half = alongOf(layout.coordinate, box) / 2;
+    const CGFloat moved =
+        *place + changeInto(alongOf(layout.coordinate, view), {*place - half, *place + half});
+    text.center = layout.point(moved, layout.line + sign * (distance + depth / 2));
+    placed.push_back({label->tickLocation(), text});
     reach = std::max(reach, distance + depth);
   }
-  thinOut(layout.labels, axis.coordinate());
+  thinOut(placed, layout.coordinate, scale.logarithmic);
+  for (const auto& label : placed) layout.labels.push_back(label.text);
   return reach;
 }
 
-void placeTitle(const CPTXYAxis& axis, CGFloat labelReach, AxisLayout& layout) {
+void placeTitle(const CPTXYAxis& axis, CGFloat labelReach, const CGRect& view, AxisLayout& layout) {
   if (!axis.title() || axis.title()->empty()) return;
-  const CPTSign labelSide =
-      orElse(axis.tickLabelDirection(), orElse(axis.tickDirection(), CPTSign::negative));
-  const CPTSign side = orElse(axis.titleDirection(), labelSide);
-  const auto content =
-      std::make_shared<CPTTextLayer>(*axis.title(), axis.titleTextStyle().value_or(CPTTextStyle{}));
-  const CGFloat rotation = axis.coordinate() == CPTCoordinate::X ? 0 : std::numbers::pi / 2;
-  const CGFloat depth = acrossOf(axis.coordinate(), turned(content->frame().size, rotation));
-  const CGFloat clear = side == labelSide && !layout.labels.empty() ? labelReach + kTitleGap : 0;
-  const CGFloat distance = std::max(axis.titleOffset(), clear);
-  layout.title =
-      AxisLayout::Text{content,
-                       layout.point(layout.along / 2, layout.line + static_cast<CGFloat>(side) *
-                                                                        (distance + depth / 2)),
-                       rotation};
+  const CPTSign side = orElse(axis.titleDirection(), labelSide(axis));
+  AxisLayout::Text title{
+      titleLines(*axis.title(), axis.titleTextStyle().value_or(CPTTextStyle{}), layout.along),
+      {},
+      axis.coordinate() == CPTCoordinate::X ? 0 : std::numbers::pi / 2};
+  const CGFloat depth = acrossOf(layout.coordinate, title.box().size);
+  const CGFloat clear =
+      side == labelSide(axis) && !layout.labels.empty() ? labelReach + kTitleGap : 0;
+  const Stretch visible = acrossOf(layout.coordinate, view);
+  const CGFloat room =
+      side == CPTSign::positive ? visible.high - layout.line : layout.line - visible.low;
+  const CGFloat distance = std::max(std::min(axis.titleOffset(), room - depth), clear);
+  title.center = layout.point(layout.along / 2,
+                              layout.line + static_cast<CGFloat>(side) * (distance + depth / 2));
+  layout.title = std::move(title);
 }
 
 /// Lines across the axis from one place across to another, one path for all.
@@ -216,6 +267,21 @@ void drawText(CGContext& context, const AxisLayout::Text& text) {
 
 }  // namespace
 
+CGRect AxisLayout::Text::box() const {
+  const CGSize size = turned(content->frame().size, rotation);
+  return {{center.x - size.width / 2, center.y - size.height / 2}, size};
+}
+
+CPTSign labelSide(const CPTAxis& axis) {
+  return orElse(axis.tickLabelDirection(), orElse(axis.tickDirection(), CPTSign::negative));
+}
+
+CGFloat tickReach(const CPTAxis& axis, CPTSign side) {
+  if (!axis.majorTickLineStyle()) return 0;
+  if (axis.tickDirection() == CPTSign::none) return axis.majorTickLength() / 2;
+  return axis.tickDirection() == side ? axis.majorTickLength() : 0;
+}
+
 Ticks visibleTicks(const CPTAxis& axis, CGFloat extent) {
   const CPTPlotRange& range = axis.plotSpace()->range(axis.coordinate());
   const AxisScale scale = axis.plotSpace()->scale(axis.coordinate(), extent);
@@ -242,20 +308,34 @@ Ticks visibleTicks(const CPTAxis& axis, CGFloat extent) {
   return {};
 }
 
-std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea) {
+CGFloat pinnedLine(const CPTXYAxis& axis, CGSize plotArea) {
+  const CGFloat across = acrossOf(axis.coordinate(), plotArea);
+  if (axis.axisConstraints()) {
+    const CGFloat pinned = axis.axisConstraints()->position(0, across);
+    return std::isfinite(pinned) ? pinned : 0;
+  }
+  if (!axis.plotSpace()) return 0;
+  const auto other = axis.coordinate() == CPTCoordinate::X ? CPTCoordinate::Y : CPTCoordinate::X;
+  const CGFloat position =
+      axis.plotSpace()->scale(other, across).position(axis.orthogonalPosition());
+  return std::isnan(position) ? 0 : std::clamp(position, 0.0, across);
+}
+
+std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea, const CGRect& view,
+                                     CGFloat line) {
   if (!axis.plotSpace() || !(plotArea.width > 0 && plotArea.height > 0)) return std::nullopt;
   AxisLayout layout;
   layout.coordinate = axis.coordinate();
   layout.along = alongOf(axis.coordinate(), plotArea);
   layout.across = acrossOf(axis.coordinate(), plotArea);
-  layout.line = linePosition(axis, layout.across);
+  layout.line = line;
 
   const AxisScale scale = axis.plotSpace()->scale(axis.coordinate(), layout.along);
   const Ticks ticks = visibleTicks(axis, layout.along);
   layout.majorTicks = positionsInside(ticks.major, scale);
   layout.minorTicks = positionsInside(ticks.minor, scale);
-  const CGFloat labelReach = placeLabels(axis, scale, ticks, layout);
-  placeTitle(axis, labelReach, layout);
+  const CGFloat labelReach = placeLabels(axis, scale, ticks, view, layout);
+  placeTitle(axis, labelReach, view, layout);
   return layout;
 }
 

@@ -17,6 +17,9 @@ struct AxisLayout {
     std::shared_ptr<CPTTextLayer> content;
     CGPoint center;
     CGFloat rotation = 0;
+
+    /// The upright rectangle around the turned text.
+    CGRect box() const;
   };
 
   CPTCoordinate coordinate = CPTCoordinate::X;
@@ -36,8 +39,17 @@ struct AxisLayout {
   }
 };
 
+/// The place across of the axis's line: where its constraints or its orthogonal position put it.
+CGFloat pinnedLine(const CPTXYAxis& axis, CGSize plotArea);
+
+/// The axis with its line at a place across. Labels are centred on their ticks, but moved along as
+/// far as it takes to lie inside `view`, the part of the world around the plot area that can be
+/// seen. Those that would touch are left out evenly. A title longer than the axis is broken into
+/// lines, and moved towards the labels where it would leave the view.
+///
 /// Absent when the axis has no plot space, or the plot area no size.
-std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea);
+std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea, const CGRect& view,
+                                     CGFloat line);
 
 void drawMinorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
 void drawMajorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
@@ -48,5 +60,10 @@ void drawAxisTitle(CGContext& context, const AxisLayout& layout);
 /// The ticks that the axis shows, in plot-space units: those of its labelling policy inside the
 /// visible range, no more than an axis of `extent` points has room for.
 Ticks visibleTicks(const CPTAxis& axis, CGFloat extent);
+
+/// The side of the axis line on which labels stand.
+CPTSign labelSide(const CPTAxis& axis);
+/// How far the major ticks reach to one side of the axis line.
+CGFloat tickReach(const CPTAxis& axis, CPTSign side);
 
 }  // namespace vexel

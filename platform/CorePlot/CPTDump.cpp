@@ -6,7 +6,7 @@
 #include <CorePlot/CPTScatterPlot.h>
 #include <CorePlot/CPTXYAxis.h>
 
-#include "AxisLayout.h"
+#include "AxisArrangement.h"
 
 namespace vexel {
 
@@ -59,21 +59,32 @@ std::string numbers(const std::vector<double>& values) {
   return text;
 }
 
-std::string axisText(const CPTAxis& axis, CGSize plotArea) {
+/// The characters, superscripts and subscripts behind "^" and "_".
+std::string readable(const CPTTextLayer& layer) {
+  if (!layer.attributedText()) return layer.text();
+  std::string text;
+  for (const auto& [piece, attributes] : layer.attributedText()->runs()) {
+    if (attributes.superscript != 0) text += attributes.superscript > 0 ? "^" : "_";
+    text += piece;
+  }
+  return text;
+}
+
+std::string axisText(const CPTAxis& axis, const AxisArrangement& arrangement) {
   const bool alongX = axis.coordinate() == CPTCoordinate::X;
   std::string text = fmt::format("axis {}", alongX ? "X" : "Y");
   if (axis.title()) text += fmt::format(" \"{}\"", *axis.title());
   text += " line " + line(axis.axisLineStyle()) + "\n";
   if (!axis.plotSpace()) return text;
-  const Ticks ticks = visibleTicks(axis, alongX ? plotArea.width : plotArea.height);
+  const CGSize area = arrangement.surroundings.plotArea;
+  const Ticks ticks = visibleTicks(axis, alongX ? area.width : area.height);
   text += "    major" + numbers(ticks.major) + "\n";
   text += "    minor" + numbers(ticks.minor) + "\n";
-  if (const auto* xyAxis = dynamic_cast<const CPTXYAxis*>(&axis)) {
-    if (const auto layout = layoutAxis(*xyAxis, plotArea)) {
-      text += "    labels";
-      for (const auto& label : layout->labels) text += " \"" + label.content->text() + "\"";
-      text += "\n";
-    }
+  for (const auto& [placed, layout] : arrangement.axes) {
+    if (placed.get() != &axis) continue;
+    text += "    labels";
+    for (const auto& label : layout.labels) text += " \"" + readable(*label.content) + "\"";
+    text += "\n";
   }
   return text;
 }
@@ -115,9 +126,9 @@ std::string dump(CPTGraph& graph) {
   const auto& area = frame->plotArea();
   if (!area) return text;
   text += fmt::format("  area {} fill {}\n", box(*area, root), fill(area->fill()));
+  const AxisArrangement arrangement(graph);
   if (graph.axisSet())
-    for (const auto& axis : graph.axisSet()->axes())
-      text += "  " + axisText(*axis, area->frame().size);
+    for (const auto& axis : graph.axisSet()->axes()) text += "  " + axisText(*axis, arrangement);
   for (const auto& plot : graph.allPlots()) text += "  " + plotText(*plot);
   for (const auto& annotation : area->annotations()) {
     const auto anchor = annotation->anchor();

@@ -4,10 +4,11 @@
 #include <functional>
 #include <utility>
 
+#include <CorePlot/CPTAxisDelegate.h>
 #include <CorePlot/CPTGraphHostingView.h>
 #include <CorePlot/CPTXYAxis.h>
 
-#include "AxisLayout.h"
+#include "AxisArrangement.h"
 
 namespace vexel {
 
@@ -17,6 +18,17 @@ namespace {
 constexpr CGFloat kTitleInset = 2;
 // Each has the size of the graph.
 constexpr std::size_t kMostPictures = 2;
+
+/// Whether there was a delegate to be told.
+bool tellDelegates(const AxisArrangement& arrangement) {
+  bool told = false;
+  for (const auto& [axis, layout] : arrangement.axes)
+    if (auto* const delegate = dynamic_cast<CPTAxisDelegate*>(axis->delegate())) {
+      delegate->axisDidRelabel(*axis);
+      told = true;
+    }
+  return told;
+}
 
 }  // namespace
 
@@ -68,6 +80,7 @@ void CPTGraph::setAxisSet(std::shared_ptr<CPTAxisSet> axisSet) {
   if (axisSet_ == axisSet) return;
   if (axisSet_) axisSet_->removeFromSuperlayer();
   axisSet_ = std::move(axisSet);
+  arrangement_.reset();
   addSublayer(axisSet_);
   setNeedsDisplay();
 }
@@ -163,6 +176,24 @@ void CPTGraph::plotSpaceDidChange(const CPTPlotSpace& space) {
     plotAreaFrame_->plotArea()->setAnnotationsNeedDisplay();
 }
 
+bool CPTGraph::axesNeedDisplay() const {
+  if (!axisSet_) return false;
+  const auto& axes = axisSet_->axes();
+  return axisSet_->needsDisplay() || std::any_of(axes.begin(), axes.end(), [](const auto& axis) {
+           return axis->needsDisplay();
+         });
+}
+
+std::shared_ptr<const AxisArrangement> CPTGraph::arrangedAxes() {
+  const bool isCurrent = arrangement_ && !axesNeedDisplay() &&
+                         arrangement_->surroundings == AxisArrangement::Surroundings::of(*this);
+  if (isCurrent) return arrangement_;
+  const auto first = std::make_shared<const AxisArrangement>(*this);
+  // Delegates may change the axes, or remove them.
+  arrangement_ = tellDelegates(*first) ? std::make_shared<const AxisArrangement>(*this) : first;
+  return arrangement_;
+}
+
 std::vector<CPTGraph::Slice> CPTGraph::slices() {
   const auto plotAreaFrame = plotAreaFrame_;
   const auto area = plotAreaFrame ? plotAreaFrame->plotArea() : nullptr;
@@ -192,30 +223,14 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
     draw();
   };
 
-  struct PlacedAxis {
-    std::shared_ptr<CPTXYAxis> axis;
-    AxisLayout layout;
-  };
+  const auto arrangement = arrangedAxes();
   const auto axisSet = axisSet_;
-  const auto axes = std::make_shared<std::vector<PlacedAxis>>();
-  bool axesNeedDisplay = false;
-  if (axisSet) {
-    axesNeedDisplay = axisSet->needsDisplay();
-    for (const auto& axis : axisSet->axes()) {
-      axesNeedDisplay |= axis->needsDisplay();
-      const auto xyAxis = std::dynamic_pointer_cast<CPTXYAxis>(axis);
-      if (!xyAxis || xyAxis->isHidden() || axisSet->isHidden()) continue;
-      if (auto layout = layoutAxis(*xyAxis, plotRect.size))
-        axes->push_back({xyAxis, std::move(*layout)});
-    }
-  }
-
-  result.push_back({axisSet.get(), axesNeedDisplay,
-                    [axisSet, plotAreaFrame, axes, inPlotArea](CGContext& context) {
+  result.push_back({axisSet.get(), axesNeedDisplay(),
+                    [axisSet, plotAreaFrame, arrangement, inPlotArea](CGContext& context) {
                       inPlotArea(context, [&] {
-                        for (const auto& [axis, layout] : *axes)
+                        for (const auto& [axis, layout] : arrangement->axes)
                           drawMinorGrid(context, *axis, layout);
-                        for (const auto& [axis, layout] : *axes)
+                        for (const auto& [axis, layout] : arrangement->axes)
                           drawMajorGrid(context, *axis, layout);
                       });
                       {
@@ -230,7 +245,7 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
                           const auto all = axisSet->axes();
                           for (const auto& axis : all) axis->display(context);
                         }
-                        for (const auto& [axis, layout] : *axes)
+                        for (const auto& [axis, layout] : arrangement->axes)
                           drawLineAndTicks(context, *axis, layout);
                       });
                     }});
@@ -245,10 +260,12 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
                       }});
 
   result.push_back({&titleTextStyle_, false,
-                    [this, plotRect, axes, inPlotArea](CGContext& context) {
+                    [this, plotRect, arrangement, inPlotArea](CGContext& context) {
                       inPlotArea(context, [&] {
-                        for (const auto& placed : *axes) drawLabels(context, placed.layout);
-                        for (const auto& placed : *axes) drawAxisTitle(context, placed.layout);
+                        for (const auto& placed : arrangement->axes)
+                          drawLabels(context, placed.layout);
+                        for (const auto& placed : arrangement->axes)
+                          drawAxisTitle(context, placed.layout);
                       });
                       drawTitle(context, plotRect);
                     },

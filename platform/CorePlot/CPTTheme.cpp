@@ -26,6 +26,7 @@ void CPTTheme::applyThemeToGraph(CPTGraph& graph) const {
     if (frame->plotArea()) frame->plotArea()->setFill(CPTFill(background_));
   }
   if (!graph.axisSet()) return;
+  graph.axisSet()->setThemeTextStyle(text);
   for (const auto& axis : graph.axisSet()->axes()) {
     axis->setAxisLineStyle(line);
     axis->setMajorTickLineStyle(line);

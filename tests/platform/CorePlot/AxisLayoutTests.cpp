@@ -20,6 +20,7 @@ using testing::Pointwise;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr CGSize kArea{400, 300};
+const CGRect kView = CGRect::make(-1000, -1000, 4000, 4000);
 
 MATCHER(IsNear, "") {
   return std::abs(std::get<0>(arg) - std::get<1>(arg)) <= 1e-9;
@@ -33,8 +34,12 @@ class AxisLayoutTest : public testing::Test {
     space->setYRange({0, 3});
   }
 
+  std::optional<AxisLayout> placed(CGSize area) {
+    return layoutAxis(axis, area, view, pinnedLine(axis, area));
+  }
+
   AxisLayout layout(CGSize area = kArea) {
-    const auto result = layoutAxis(axis, area);
+    const auto result = placed(area);
     EXPECT_TRUE(result);
     return result.value_or(AxisLayout{});
   }
@@ -45,12 +50,7 @@ class AxisLayoutTest : public testing::Test {
     return result;
   }
 
-  CGRect box(const AxisLayout::Text& text) {
-    const CGSize size = text.content->frame().size;
-    const double c = std::abs(std::cos(text.rotation)), s = std::abs(std::sin(text.rotation));
-    const double w = size.width * c + size.height * s, h = size.width * s + size.height * c;
-    return CGRect::make(text.center.x - w / 2, text.center.y - h / 2, w, h);
-  }
+  CGRect box(const AxisLayout::Text& text) { return text.box(); }
 
   std::shared_ptr<CPTAxisLabel> label(const std::string& text, double location) {
     auto result = std::make_shared<CPTAxisLabel>(text);
@@ -60,13 +60,14 @@ class AxisLayoutTest : public testing::Test {
 
   std::shared_ptr<CPTXYPlotSpace> space = std::make_shared<CPTXYPlotSpace>();
   CPTXYAxis axis;
+  CGRect view = kView;
 };
 
 TEST_F(AxisLayoutTest, AnAxisWithoutPlotSpaceOrAPlotAreaWithoutSizeHasNoLayout) {
   for (const CGSize area : {CGSize{0, 10}, CGSize{10, 0}, CGSize{kNaN, 10}, CGSize{-1, 10}})
-    EXPECT_FALSE(layoutAxis(axis, area));
+    EXPECT_FALSE(placed(area));
   axis.setPlotSpace(nullptr);
-  EXPECT_FALSE(layoutAxis(axis, kArea));
+  EXPECT_FALSE(placed(kArea));
 }
 
 TEST_F(AxisLayoutTest, RangesThatAreNoneHaveALineButNoTicks) {
@@ -143,19 +144,16 @@ TEST_F(AxisLayoutTest, HandMadeLabelsWithoutAPlaceAreNotDrawn) {
 }
 
 TEST_F(AxisLayoutTest, OffsetsAndRotationsThatAreNoNumbersDrawNoText) {
-  axis.setTitle("title");
   const auto hostile = label("a", 1);
   axis.setLabelingPolicy(CPTAxisLabelingPolicy::none);
   axis.setAxisLabels({hostile});
   for (const double value : {kNaN, kInfinity}) {
     hostile->setOffset(value);
-    axis.setTitleOffset(value);
     CGRecordingContext context;
     drawLabels(context, layout());
     hostile->setOffset(0);
     hostile->setRotation(value);
     drawLabels(context, layout());
-    drawAxisTitle(context, layout());
     EXPECT_EQ(context.text(), "") << value;
     hostile->setRotation(0);
   }
@@ -207,12 +205,12 @@ TEST_F(AxisLayoutTest, AReversedRangeRunsTheOtherWay) {
 }
 
 TEST_F(AxisLayoutTest, LogarithmicTicksStandAtDecadesWithMinorOnesBetween) {
-  space->setXRange({1, 999});
+  space->setXRange({1, 99});
   space->setXScaleType(CPTScaleType::log);
   const AxisLayout placed = layout();
-  EXPECT_THAT(placed.majorTicks, Pointwise(IsNear(), {0.0, 400.0 / 3, 800.0 / 3, 400.0}));
-  EXPECT_EQ(placed.minorTicks.size(), 24u);
-  EXPECT_THAT(texts(placed), ElementsAre("1.0", "10.0", "100.0", "1000.0"));
+  EXPECT_THAT(placed.majorTicks, Pointwise(IsNear(), {0.0, 200.0, 400.0}));
+  EXPECT_EQ(placed.minorTicks.size(), 16u);
+  EXPECT_THAT(texts(placed), ElementsAre("1.0", "10.0", "100.0"));
 }
 
 TEST_F(AxisLayoutTest, ALogScaleWithoutPositiveRangeHasNoTicks) {
@@ -275,7 +273,81 @@ TEST_F(AxisLayoutTest, TheTicksThatShowAreThoseInsideTheRange) {
   EXPECT_THAT(visibleTicks(axis, 400).major, ElementsAre(0, 4));
 }
 
+TEST_F(AxisLayoutTest, ATickThatIsOutsideByLessThanTheEyeSeesShowsAtTheEdge) {
+  axis.setLabelingPolicy(CPTAxisLabelingPolicy::none);
+  axis.setMajorTickLocations({-0.006, -0.004, 4.004, 4.006});
+  axis.setAxisLabels(
+      {label("a", -0.006), label("b", -0.004), label("c", 4.004), label("d", 4.006)});
+  EXPECT_THAT(layout().majorTicks, ElementsAre(0, 400));
+  EXPECT_THAT(texts(layout()), ElementsAre("b", "c"));
+}
+
 // Labels
+
+TEST_F(AxisLayoutTest, HandMadeLabelsAreSilencedByAFormatterThatPrintsNothing) {
+  class Upper : public NSFormatter {
+    std::string string(double value) const override { return value > 2 ? "any" : ""; }
+  };
+  axis.setLabelingPolicy(CPTAxisLabelingPolicy::none);
+  axis.setAxisLabels({label("a", 1), label("b", 2), label("c", 3)});
+  axis.setLabelFormatter(std::make_shared<Upper>());
+  EXPECT_THAT(texts(layout()), ElementsAre("c"));
+  EXPECT_EQ(axis.axisLabels().size(), 3u);
+  axis.setLabelFormatter(nullptr);
+  EXPECT_THAT(texts(layout()), ElementsAre("a", "b", "c"));
+}
+
+TEST_F(AxisLayoutTest, LabelsAreMovedIntoTheView) {
+  for (const auto coordinate : {CPTCoordinate::X, CPTCoordinate::Y}) {
+    axis.setCoordinate(coordinate);
+    space->setYRange({0, 4});
+    view = CGRect::make(-100, -100, 600, 600);
+    const AxisLayout free = layout({400, 400});
+    view = CGRect::make(
+        coordinate == CPTCoordinate::X ? 0 : -100, coordinate == CPTCoordinate::X ? -100 : 0,
+        coordinate == CPTCoordinate::X ? 402 : 600, coordinate == CPTCoordinate::X ? 600 : 402);
+    const AxisLayout moved = layout({400, 400});
+    ASSERT_EQ(moved.labels.size(), 5u);
+    for (std::size_t i = 1; i < 4; ++i) EXPECT_EQ(moved.labels[i].center, free.labels[i].center);
+    const bool alongX = coordinate == CPTCoordinate::X;
+    const CGRect first = box(moved.labels[0]), last = box(moved.labels[4]);
+    EXPECT_NEAR(alongX ? first.minX() : first.minY(), 0, 1e-9);
+    EXPECT_NEAR(alongX ? last.maxX() : last.maxY(), 402, 1e-9);
+  }
+}
+
+TEST_F(AxisLayoutTest, ALabelLongerThanTheViewStaysInItsMiddle) {
+  axis.setLabelingPolicy(CPTAxisLabelingPolicy::none);
+  axis.setAxisLabels({label(std::string(100, 'w'), 3)});
+  view = CGRect::make(-10, -10, 420, 320);
+  EXPECT_NEAR(layout().labels[0].center.x, 200, 1e-9);
+}
+
+TEST_F(AxisLayoutTest, LabelsThatAreLeftOutLeaveTheRoundOnes) {
+  const auto ends = [&](double lower, double upper, double interval) {
+    space->setXRange({lower, upper - lower});
+    axis.setMajorIntervalLength(interval);
+    const auto all = texts(layout({260, 300}));
+    return std::vector<std::string>{all.at(0), all.at(1)};
+  };
+  EXPECT_THAT(ends(0, 100, 10), ElementsAre("0.0", "20.0"));
+  EXPECT_THAT(ends(10, 110, 10), ElementsAre("20.0", "40.0"));
+  EXPECT_THAT(ends(-110, -10, 10), ElementsAre("-100.0", "-80.0"));
+  // Ticks from another origin have no rounder ones among them.
+  axis.setLabelingOrigin(3);
+  EXPECT_THAT(ends(13, 113, 10), ElementsAre("13.0", "33.0"));
+}
+
+TEST_F(AxisLayoutTest, OnALogScaleLabelsBetweenTheDecadesAreTheFirstToGo) {
+  space->setXScaleType(CPTScaleType::log);
+  space->setXRange({2, 58});
+  EXPECT_THAT(texts(layout()), ElementsAre("2.0", "5.0", "10.0", "20.0", "50.0"));
+  EXPECT_THAT(texts(layout({60, 300})), ElementsAre("10.0"));
+  space->setXRange({1e-7, 1e8});
+  EXPECT_EQ(layout({800, 300}).labels.size(), 16u);
+  const auto few = texts(layout({200, 300}));
+  EXPECT_THAT(few, ElementsAre("10−6", "10−3", "100", "103", "106"));
+}
 
 TEST_F(AxisLayoutTest, WithoutAFormatterOrWithOneThatPrintsNothingThereAreNoLabels) {
   class Silent : public NSFormatter {
@@ -461,6 +533,39 @@ TEST_F(AxisLayoutTest, LabelsOnTheOtherSideDoNotPushTheTitleAway) {
   axis.setTitleDirection(CPTSign::positive);
   axis.setOrthogonalPosition(0);
   EXPECT_NEAR(box(*layout().title).minX(), 5, 1e-9);
+}
+
+TEST_F(AxisLayoutTest, ATitleLongerThanItsAxisIsBrokenAtBlanks) {
+  for (const auto coordinate : {CPTCoordinate::X, CPTCoordinate::Y}) {
+    axis.setCoordinate(coordinate);
+    axis.setTitle("Charge of the largest impacts of the year");
+    const AxisLayout placed = layout({120, 120});
+    const CGRect rect = box(*placed.title);
+    const bool alongX = coordinate == CPTCoordinate::X;
+    EXPECT_LE(alongX ? rect.size.width : rect.size.height, 120);
+    EXPECT_GT(alongX ? rect.size.height : rect.size.width, 25);
+    EXPECT_EQ(alongX ? rect.midX() : rect.midY(), 60);
+    EXPECT_NEAR(alongX ? rect.maxY() : rect.maxX(), -30, 1e-9);
+  }
+}
+
+TEST_F(AxisLayoutTest, ATitleThatWouldLeaveTheViewMovesUpToTheLabels) {
+  axis.setTitle("title");
+  view = CGRect::make(-20, -40, 500, 400);
+  const AxisLayout near = layout();
+  EXPECT_NEAR(box(*near.title).minY(), -40, 1e-9);
+  view = CGRect::make(-20, -20, 500, 400);
+  const AxisLayout nearest = layout();
+  EXPECT_LT(box(*nearest.title).minY(), -20);
+  EXPECT_NEAR(box(*nearest.title).maxY(), box(nearest.labels[0]).minY() - 3, 1e-9);
+  view = CGRect::make(-20, -20, 500, 340);
+  axis.setTitleDirection(CPTSign::positive);
+  axis.setOrthogonalPosition(3);
+  EXPECT_NEAR(box(*layout().title).maxY(), 320, 1e-9);
+  axis.setTitleOffset(kNaN);
+  CGRecordingContext context;
+  drawAxisTitle(context, layout());
+  EXPECT_EQ(context.text(), "");
 }
 
 // The axis line

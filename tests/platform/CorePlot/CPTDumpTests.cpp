@@ -62,7 +62,7 @@ TEST(CPTDump, TheWholeChartAsText) {
             "  axis Y line none\n"
             "    major 1 10 100 1000\n"
             "    minor 2 3 4 5 6 7 8 9 20 30 40 50 60 70 80 90 200 300 400 500 600 700 800 900\n"
-            "    labels \"1.0\" \"10.0\" \"100.0\" \"1000.0\"\n"
+            "    labels \"10^0\" \"10^1\" \"10^2\" \"10^3\"\n"
             "  scatter \"line\" line #ff000080 width 1.5 dash 4 2 records 2\n"
             "  scatter \"symbols\" line none symbol 2 5 x 5 fill #ff8000 line #000000 width 1"
             " records 2\n"

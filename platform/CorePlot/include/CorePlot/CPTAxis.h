@@ -59,7 +59,9 @@ class CPTAxis : public CPTLayer {
   const std::set<double>& minorTickLocations() const { return minorTickLocations_; }
   void setMinorTickLocations(std::set<double> locations);
 
-  /// Labels set by hand, drawn under the policy none where they do not touch. Nulls are left out.
+  /// Labels set by hand, drawn under the policy none where they do not touch, except those for
+  /// whose location the label formatter prints nothing; without a formatter all are drawn. Nulls
+  /// are left out.
   const std::vector<std::shared_ptr<CPTAxisLabel>>& axisLabels() const { return axisLabels_; }
   void setAxisLabels(std::vector<std::shared_ptr<CPTAxisLabel>> labels);
 
@@ -103,7 +105,13 @@ class CPTAxis : public CPTLayer {
   /// Style of the labels made by the axis. Absent: the default style.
   const std::optional<CPTTextStyle>& labelTextStyle() const { return labelTextStyle_; }
   void setLabelTextStyle(std::optional<CPTTextStyle> s) { change(labelTextStyle_, std::move(s)); }
-  /// Null: the axis makes no labels. The default shows one fraction digit.
+  /// Null: the axis makes no labels. The default shows one fraction digit. A change inside the
+  /// formatter shows once something else makes the axis need display.
+  ///
+  /// Labels tell the truth: where the formatter would write a tick other than 0 like 0, or two
+  /// neighbouring ticks alike, the axis writes all of its labels as powers of ten (log scale) or in
+  /// scientific notation instead, with as many digits as tell the ticks apart. On a log scale it
+  /// does so as well where a number formatter would take more than five characters.
   const std::shared_ptr<NSFormatter>& labelFormatter() const { return labelFormatter_; }
   void setLabelFormatter(std::shared_ptr<NSFormatter> f) { change(labelFormatter_, std::move(f)); }
   /// From the axis line, or the end of the ticks on that side, to the labels; in points.

@@ -16,6 +16,7 @@
 namespace vexel {
 
 class CPTGraphHostingView;
+struct AxisArrangement;
 
 /// A chart: a plot area in its frame, plot spaces, axes and plots. Made with std::make_shared of a
 /// concrete type, which fills it.
@@ -86,11 +87,15 @@ class CPTGraph : public CPTBorderedLayer {
   struct KeptPictures;
 
   std::vector<Slice> slices();
+  bool axesNeedDisplay() const;
+  /// The places of the axes; those of the last display when nothing has changed them.
+  std::shared_ptr<const AxisArrangement> arrangedAxes();
   void drawTitle(CGContext& context, const CGRect& plotArea) const;
 
   NSWeak<CPTGraphHostingView> hostingView_;
   std::shared_ptr<CPTPlotAreaFrame> plotAreaFrame_;
   std::shared_ptr<CPTAxisSet> axisSet_;
+  std::shared_ptr<const AxisArrangement> arrangement_;
   std::vector<std::shared_ptr<CPTPlotSpace>> plotSpaces_;
   std::vector<std::shared_ptr<CPTPlot>> plots_;
   std::optional<std::string> title_;

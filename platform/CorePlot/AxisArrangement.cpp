@@ -1,0 +1,183 @@
+#include "AxisArrangement.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+namespace vexel {
+
+namespace {
+
+using Member = AxisArrangement::Member;
+using Label = AxisLayout::Text;
+
+// Between what one axis shows and the next axis outside it.
+constexpr CGFloat kAxisGap = 6;
+// Between the labels of two axes, and between a label and the line of another axis.
+constexpr CGFloat kCornerGap = 1;
+// Axes that are less than this apart stand at the same place.
+constexpr CGFloat kSamePlace = 0.5;
+
+CPTSign opposite(CPTSign side) {
+  return side == CPTSign::positive ? CPTSign::negative : CPTSign::positive;
+}
+
+/// How far an axis shows something outside its line, on the side of its labels; 0 when nothing.
+CGFloat outerReach(const Member& member) {
+  const auto& [axis, layout] = member;
+  const CPTSign side = labelSide(*axis);
+  CGFloat reach = layout.majorTicks.empty() ? 0 : tickReach(*axis, side);
+  const auto include = [&](const Label& text) {
+    const CGRect box = text.box();
+    const bool alongX = layout.coordinate == CPTCoordinate::X;
+    reach = std::max(reach, side == CPTSign::positive
+                                ? (alongX ? box.maxY() : box.maxX()) - layout.line
+                                : layout.line - (alongX ? box.minY() : box.minX()));
+  };
+  for (const auto& label : layout.labels) include(label);
+  if (layout.title) include(*layout.title);
+  return std::isfinite(reach) ? reach : 0;
+}
+
+class Arranger {
+ public:
+  Arranger(std::vector<Member>& axes, CGSize plotArea, const CGRect& view)
+      : axes_(axes), plotArea_(plotArea), view_(view) {}
+
+  /// Places a further axis, outside those that are at its place already.
+  void add(const std::shared_ptr<CPTXYAxis>& axis, CGFloat line) {
+    auto layout = layoutAxis(*axis, plotArea_, view_, line);
+    if (!layout) return;
+    Member member{axis, std::move(*layout)};
+    if (const auto outside = placeOutside(member, line))
+      member.layout = layoutAxis(*axis, plotArea_, view_, *outside).value_or(member.layout);
+    axes_.push_back(std::move(member));
+    homes_.push_back(line);
+  }
+
+  void keepLabelsApart() {
+    for (auto& member : axes_)
+      for (const auto& other : axes_)
+        if (other.axis->axisLineStyle()) keepOffLine(member.layout, other.layout);
+    for (std::size_t i = 0; i < axes_.size(); ++i)
+      for (std::size_t j = i + 1; j < axes_.size(); ++j)
+        keepApart(axes_[i].layout, axes_[j].layout);
+  }
+
+ private:
+  /// The line for an axis that would cover others at its place; absent when there are none.
+  std::optional<CGFloat> placeOutside(const Member& member, CGFloat home) const {
+    if (!(outerReach(member) > 0)) return std::nullopt;
+    const CPTSign side = labelSide(*member.axis);
+    const CGFloat sign = static_cast<CGFloat>(side);
+    CGFloat reach = 0;
+    for (std::size_t i = 0; i < axes_.size(); ++i) {
+      const auto& other = axes_[i];
+      if (other.layout.coordinate != member.layout.coordinate || labelSide(*other.axis) != side ||
+          std::abs(homes_[i] - home) > kSamePlace)
+        continue;
+      if (const CGFloat outer = outerReach(other); outer > 0)
+        reach = std::max(reach, sign * (other.layout.line - home) + outer);
+    }
+    if (!(reach > 0)) return std::nullopt;
+    return home + sign * (reach + kAxisGap + tickReach(*member.axis, opposite(side)));
+  }
+
+  void keepOffLine(AxisLayout& layout, const AxisLayout& other) {
+    if (layout.coordinate == other.coordinate) return;
+    const bool alongX = layout.coordinate == CPTCoordinate::X;
+    for (std::size_t i = 0; i < layout.labels.size();) {
+      const CGRect box = layout.labels[i].box();
+      const CGFloat low = alongX ? box.minX() : box.minY();
+      const CGFloat high = alongX ? box.maxX() : box.maxY();
+      const CGFloat lowAcross = alongX ? box.minY() : box.minX();
+      const CGFloat highAcross = alongX ? box.maxY() : box.maxX();
+      const bool isCut =
+          low < other.line && high > other.line && lowAcross < other.along && highAcross > 0;
+      const CGFloat up = other.line + kCornerGap - low;
+      const CGFloat down = other.line - kCornerGap - high;
+      if (isCut && !move(layout, i, up <= -down ? up : down) &&
+          !move(layout, i, up <= -down ? down : up))
+        layout.labels.erase(layout.labels.begin() + static_cast<std::ptrdiff_t>(i));
+      else
+        ++i;
+    }
+  }
+
+  void keepApart(AxisLayout& a, AxisLayout& b) {
+    if (a.coordinate == b.coordinate) return;
+    AxisLayout& horizontal = a.coordinate == CPTCoordinate::X ? a : b;
+    AxisLayout& vertical = a.coordinate == CPTCoordinate::X ? b : a;
+    for (std::size_t i = 0; i < horizontal.labels.size(); ++i)
+      for (std::size_t j = 0; j < vertical.labels.size(); ++j) {
+        const CGRect h = horizontal.labels[i].box();
+        const CGRect v = vertical.labels[j].box();
+        const CGSize common = h.intersection(v).size;
+        if (!(common.width > 0 && common.height > 0)) continue;
+        const CGFloat right = std::copysign(common.width + kCornerGap, h.midX() - v.midX());
+        const CGFloat up = std::copysign(common.height + kCornerGap, v.midY() - h.midY());
+        const bool moved = std::abs(right) <= std::abs(up)
+                               ? move(horizontal, i, right) || move(vertical, j, up)
+                               : move(vertical, j, up) || move(horizontal, i, right);
+        if (moved) continue;
+        vertical.labels.erase(vertical.labels.begin() + static_cast<std::ptrdiff_t>(j));
+        --j;
+      }
+  }
+
+  /// Moves a label along its axis, unless that takes it out of the view or onto a neighbour.
+  bool move(AxisLayout& layout, std::size_t i, CGFloat distance) const {
+    Label moved = layout.labels[i];
+    (layout.coordinate == CPTCoordinate::X ? moved.center.x : moved.center.y) += distance;
+    const CGRect box = moved.box();
+    const bool isVisible = layout.coordinate == CPTCoordinate::X
+                               ? box.minX() >= view_.minX() && box.maxX() <= view_.maxX()
+                               : box.minY() >= view_.minY() && box.maxY() <= view_.maxY();
+    const auto touches = [&](std::size_t j) {
+      return j < layout.labels.size() && !box.intersection(layout.labels[j].box()).isEmpty();
+    };
+    if (!isVisible || touches(i - 1) || touches(i + 1)) return false;
+    layout.labels[i] = std::move(moved);
+    return true;
+  }
+
+  std::vector<Member>& axes_;
+  std::vector<CGFloat> homes_;
+  CGSize plotArea_;
+  CGRect view_;
+};
+
+}  // namespace
+
+AxisArrangement::Surroundings AxisArrangement::Surroundings::of(const CPTGraph& graph) {
+  const auto& frame = graph.plotAreaFrame();
+  if (!frame || !frame->plotArea()) return {};
+  const CGRect area = frame->plotArea()->frame();
+  return {.plotArea = area.size,
+          .view = {CGPoint{} - frame->frame().origin - area.origin, graph.bounds().size}};
+}
+
+AxisArrangement::AxisArrangement(const CPTGraph& graph) : surroundings(Surroundings::of(graph)) {
+  const auto& set = graph.axisSet();
+  if (!set || set->isHidden()) return;
+
+  const CGSize plotArea = surroundings.plotArea;
+  Arranger arranger(axes, plotArea, surroundings.view);
+  bool hasFirst[2] = {false, false};
+  for (const auto& member : set->axes()) {
+    const auto axis = std::dynamic_pointer_cast<CPTXYAxis>(member);
+    if (!axis) continue;
+    const bool isFurther =
+        std::exchange(hasFirst[axis->coordinate() == CPTCoordinate::X ? 0 : 1], true);
+    if (axis->isHidden()) continue;
+    const bool standsAtFarEdge =
+        isFurther && !axis->isPinned() && labelSide(*axis) == CPTSign::positive;
+    const CGFloat farEdge =
+        axis->coordinate() == CPTCoordinate::X ? plotArea.height : plotArea.width;
+    arranger.add(axis, standsAtFarEdge ? farEdge : pinnedLine(*axis, plotArea));
+  }
+  arranger.keepLabelsApart();
+}
+
+}  // namespace vexel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <CorePlot/CPTGraph.h>
+#include <CorePlot/CPTXYAxis.h>
+
+#include "AxisLayout.h"
+
+namespace vexel {
+
+/// The axes of a graph that can be seen, with their places on its plot area: each by itself at
+/// first, then further ones outside those at the same place, and labels moved along their axes
+/// where those of two meet at a corner or another axis runs through them.
+struct AxisArrangement {
+  struct Member {
+    std::shared_ptr<CPTXYAxis> axis;
+    AxisLayout layout;
+  };
+
+  /// What the places depend on beside the axes themselves.
+  struct Surroundings {
+    CGSize plotArea;
+    /// The bounds of the graph in the plot area's coordinates.
+    CGRect view;
+
+    static Surroundings of(const CPTGraph& graph);
+    friend bool operator==(const Surroundings&, const Surroundings&) = default;
+  };
+
+  explicit AxisArrangement(const CPTGraph& graph);
+
+  Surroundings surroundings;
+  /// In the order of the axis set.
+  std::vector<Member> axes;
+};
+
+}  // namespace vexel
