@@ -11,9 +11,16 @@ namespace vexel {
 
 namespace {
 
+/// Draws the view and leaves marked what had been marked for display on the screen.
+void draw(NSView& view, CGContext& context) {
+  const bool wasPending = view.subtreeNeedsDisplay();
+  view.display(context);
+  if (wasPending) view.setNeedsDisplay(true);
+}
+
 std::string documentBytes(NSView& view, CGDocumentContext::Format format) {
   const auto context = CGDocumentContext::create(format, view.bounds().size);
-  view.display(*context);
+  draw(view, *context);
   return context->finish();
 }
 
@@ -21,7 +28,7 @@ std::string bytes(NSView& view, const std::string& extension, CGFloat backingSca
   if (extension == ".pdf") return documentBytes(view, CGDocumentContext::Format::pdf);
   if (extension == ".svg") return documentBytes(view, CGDocumentContext::Format::svg);
   const auto context = CGBitmapContext::create(view.bounds().size, backingScale);
-  view.display(*context);
+  draw(view, *context);
   return context->pngData();
 }
 

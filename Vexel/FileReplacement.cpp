@@ -13,6 +13,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// As many as the system itself follows.
+constexpr int kMostLinks = 40;
+
 [[noreturn]] void fail(const fs::path& file, int error) {
   throw fs::filesystem_error("", file, std::error_code(error, std::generic_category()));
 }
@@ -37,10 +40,28 @@ void writeAndClose(int descriptor, const fs::path& file, std::string_view bytes)
   if (::close(descriptor) != 0) fail(file, errno);
 }
 
+/// Where a name leads through links, whether or not something is there.
+fs::path withoutLinks(fs::path file) {
+  for (int links = 0; fs::is_symlink(fs::symlink_status(file)); ++links) {
+    if (links == kMostLinks) fail(file, ELOOP);
+    file = file.parent_path() / fs::read_symlink(file);
+  }
+  return file;
+}
+
+/// Creates a file in the folder under a name that nothing had, and tells the name.
+int createNew(const fs::path& folder, fs::path& created) {
+  for (int number = 0;; ++number) {
+    created = folder / (".vexel-" + std::to_string(::getpid()) + "-" + std::to_string(number));
+    const int descriptor = ::open(created.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor >= 0 || errno != EEXIST) return descriptor;
+  }
+}
+
 }  // namespace
 
 void replaceFile(const fs::path& file, std::string_view bytes) {
-  const fs::path target = fs::is_symlink(file) ? fs::weakly_canonical(file) : file;
+  const fs::path target = withoutLinks(file);
   const fs::file_status status = fs::status(target);
   if (fs::is_directory(status)) fail(file, EISDIR);
   if (fs::exists(status) && !fs::is_regular_file(status)) {
@@ -49,10 +70,12 @@ void replaceFile(const fs::path& file, std::string_view bytes) {
     writeAndClose(descriptor, file, bytes);
     return;
   }
+  // Renaming asks for no permission of what it replaces.
+  if (fs::exists(status) && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+    fail(file, errno);
 
-  const fs::path temporary = target.string() + ".part" + std::to_string(::getpid());
-  const int descriptor =
-      ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666);
+  fs::path temporary;
+  const int descriptor = createNew(target.parent_path(), temporary);
   if (descriptor < 0) fail(file, errno);
   try {
     writeAndClose(descriptor, file, bytes);

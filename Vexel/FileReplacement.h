@@ -6,7 +6,8 @@
 namespace vexel {
 
 /// Writes a file of these bytes in place of the one that may be there, as a whole or not at all:
-/// through a file of a temporary name beside it. A link is followed; something that is no plain
+/// through a new file of a temporary name beside it. The permissions of the former file stay, and
+/// one that may not be written to is not replaced. Links are followed; something that is no plain
 /// file, like a pipe, is written to. Throws std::filesystem::filesystem_error.
 void replaceFile(const std::filesystem::path& file, std::string_view bytes);
 

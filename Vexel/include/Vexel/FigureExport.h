@@ -17,7 +17,8 @@ class FigureExportError : public std::runtime_error {
 
 /// Draws a view with all its subviews at its present size and writes it as the file's extension
 /// says: .png at one pixel per point, .pdf or .svg. A file of the name is replaced as a whole, or
-/// not at all. Equal figures give equal bytes. Throws FigureExportError.
+/// not at all. Equal figures give equal bytes. What needed display on the screen still does.
+/// Throws FigureExportError.
 void exportFigure(NSView& view, const std::filesystem::path& file);
 
 /// The same with so many pixels per point in a .png; the vector formats do not use it.

@@ -1,0 +1,254 @@
+#include <AppKit/NSWindow.h>
+#include <CoreGraphics/CGBitmapContext.h>
+#include <CoreGraphics/CGDocumentContext.h>
+#include <CoreGraphics/CGNullContext.h>
+#include <Vexel/FigureExport.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "Vexel/ExampleFigure.h"
+#include "Vexel/OutputFolder.h"
+#include "Vexel/WatchedContext.h"
+
+namespace vexel {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// Width and height in the header of a PNG file.
+std::pair<unsigned, unsigned> pngSize(const std::string& bytes) {
+  if (bytes.size() < 24) return {};
+  const auto number = [&](std::size_t at) {
+    unsigned result = 0;
+    for (std::size_t i = at; i < at + 4; ++i)
+      result = result * 256 + static_cast<unsigned char>(bytes[i]);
+    return result;
+  };
+  return {number(16), number(20)};
+}
+
+class FigureExport : public testing::Test {
+ protected:
+  std::string exported(NSView& view, const std::string& name) {
+    exportFigure(view, folder / name);
+    return folder.read(name);
+  }
+
+  /// The text of the failure, or nothing.
+  std::string failure(const fs::path& file, CGFloat scale = 1) {
+    try {
+      exportFigure(*figure.view, file, scale);
+    } catch (const FigureExportError& error) {
+      return error.what();
+    }
+    return "";
+  }
+
+  OutputFolder folder;
+  ExampleFigure figure;
+};
+
+TEST_F(FigureExport, WritesWhatTheExtensionSays) {
+  EXPECT_THAT(exported(*figure.view, "figure.png"), StartsWith("\x89PNG\r\n\x1a\n"));
+  EXPECT_THAT(exported(*figure.view, "figure.pdf"), StartsWith("%PDF-"));
+  EXPECT_THAT(exported(*figure.view, "figure.svg"), AllOf(StartsWith("<?xml"), HasSubstr("<svg")));
+  EXPECT_THAT(exported(*figure.view, "figure.pdf.png"), StartsWith("\x89PNG"));
+  EXPECT_THAT(folder.names(),
+              ElementsAre("figure.pdf", "figure.pdf.png", "figure.png", "figure.svg"));
+}
+
+TEST_F(FigureExport, WritesOnePixelPerPointUnlessAskedForMore) {
+  EXPECT_EQ(pngSize(exported(*figure.view, "figure.png")), std::pair(300u, 200u));
+  exportFigure(*figure.view, folder / "figure.png", 1);
+  EXPECT_EQ(pngSize(folder.read("figure.png")), std::pair(300u, 200u));
+}
+
+TEST_F(FigureExport, WritesExactlyTwiceThePixelsAtTwiceTheScale) {
+  for (const CGSize size : {CGSize{1, 1}, CGSize{333, 77}, CGSize{1600, 1000}}) {
+    figure.view->setFrameSize(size);
+    exportFigure(*figure.view, folder / "one.png", 1);
+    exportFigure(*figure.view, folder / "two.png", 2);
+    const auto [width, height] = pngSize(folder.read("one.png"));
+    EXPECT_EQ(width, size.width);
+    EXPECT_EQ(height, size.height);
+    EXPECT_EQ(pngSize(folder.read("two.png")), std::pair(2 * width, 2 * height));
+  }
+}
+
+TEST_F(FigureExport, WritesTheSameDocumentAtAnyScale) {
+  for (const char* name : {"figure.pdf", "figure.svg"}) {
+    const std::string atOne = exported(*figure.view, name);
+    exportFigure(*figure.view, folder / name, 2);
+    EXPECT_EQ(folder.read(name), atOne);
+    exportFigure(*figure.view, folder / name, std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(folder.read(name), atOne);
+  }
+}
+
+TEST_F(FigureExport, WritesEqualBytesEachTimeAndForEqualFigures) {
+  ExampleFigure twin;
+  for (const std::string extension : {".png", ".pdf", ".svg"}) {
+    const std::string first = exported(*figure.view, "first" + extension);
+    EXPECT_FALSE(first.empty());
+    EXPECT_EQ(exported(*figure.view, "second" + extension), first);
+    EXPECT_EQ(exported(*figure.view, "third" + extension), first);
+    EXPECT_EQ(exported(*twin.view, "twin" + extension), first);
+  }
+}
+
+TEST_F(FigureExport, WritesEqualBytesEachTimeWhereBandsMeetBetweenPixels) {
+  for (const int count : {3, 7})
+    for (const CGFloat scale : {1.0, 2.0, 1.37}) {
+      figure.plot.setViews(count, 10, 20);
+      for (const auto& band : figure.plot.hostingViews())
+        figure.plot.addPlot(cptLine(figure.plot.format(band, {0, 0, 0, 0}, {5, 5, 5, 5})));
+      exportFigure(*figure.view, folder / "first.png", scale);
+      exportFigure(*figure.view, folder / "second.png", scale);
+      exportFigure(*figure.view, folder / "third.png", scale);
+      EXPECT_TRUE(folder.read("first.png") == folder.read("second.png")) << count << " " << scale;
+      EXPECT_TRUE(folder.read("first.png") == folder.read("third.png")) << count << " " << scale;
+    }
+}
+
+TEST_F(FigureExport, WritesAnotherFigureWithOtherBytes) {
+  ExampleFigure other;
+  other.plot.points[0].y += 0.01;
+  for (const std::string extension : {".png", ".pdf", ".svg"})
+    EXPECT_NE(exported(*other.view, "other" + extension),
+              exported(*figure.view, "figure" + extension));
+}
+
+TEST_F(FigureExport, DrawsTheSameGeometryIntoEveryFormat) {
+  CGRecordingContext recording;
+  figure.view->display(recording);
+  EXPECT_THAT(recording.text(),
+              AllOf(HasSubstr("#ff0000"), HasSubstr("dash 4 2"), HasSubstr("symbols"),
+                    HasSubstr("text"), HasSubstr("#cccccc")));
+
+  for (const CGFloat scale : {1.0, 2.0, 1.37}) {
+    const auto bitmap = CGBitmapContext::create({300, 200}, scale);
+    WatchedContext watched(*bitmap);
+    figure.view->display(watched);
+    EXPECT_EQ(watched.text(), recording.text());
+    exportFigure(*figure.view, folder / "figure.png", scale);
+    EXPECT_TRUE(bitmap->pngData() == folder.read("figure.png")) << scale;
+  }
+  for (const auto& [format, name] : {std::pair(CGDocumentContext::Format::pdf, "figure.pdf"),
+                                     std::pair(CGDocumentContext::Format::svg, "figure.svg")}) {
+    const auto document = CGDocumentContext::create(format, {300, 200});
+    WatchedContext watched(*document);
+    figure.view->display(watched);
+    EXPECT_EQ(watched.text(), recording.text());
+    EXPECT_EQ(document->finish(), exported(*figure.view, name));
+  }
+}
+
+TEST_F(FigureExport, LaysOutAndDrawsTheFigureAtItsPresentSize) {
+  figure.view->setFrameSize({600, 300});
+  EXPECT_EQ(pngSize(exported(*figure.view, "figure.png")), std::pair(600u, 300u));
+  EXPECT_EQ(figure.plot.hostingViews()[0]->frame().size.width, 600);
+  EXPECT_THAT(exported(*figure.view, "figure.svg"), HasSubstr("width=\"600"));
+}
+
+TEST_F(FigureExport, WritesAViewThatIsPartOfAnother) {
+  const auto band = figure.plot.hostingViews()[1];
+  figure.view->layoutSubtreeIfNeeded();
+  ExampleFigure twin;
+  twin.view->layoutSubtreeIfNeeded();
+  const auto alone = twin.plot.hostingViews()[1];
+  alone->removeFromSuperview();
+  EXPECT_EQ(exported(*band, "part.svg"), exported(*alone, "alone.svg"));
+}
+
+TEST_F(FigureExport, LeavesToTheScreenWhatItHadToDraw) {
+  const auto window = std::make_shared<NSWindow>(CGSize{300, 200});
+  window->setContentView(figure.view);
+  CGNullContext screen;
+  for (const char* name : {"figure.png", "figure.pdf", "figure.svg"}) {
+    window->display(screen);
+    ASSERT_FALSE(window->needsDisplay());
+    exported(*figure.view, name);
+    EXPECT_FALSE(window->needsDisplay());
+
+    figure.plot.graphs()[0]->allPlots()[0]->setDataNeedsReloading();
+    exported(*figure.view, name);
+    EXPECT_TRUE(window->needsDisplay());
+    EXPECT_EQ(window->dirtyRect(), CGRect::make(0, 0, 300, 200));
+  }
+}
+
+TEST_F(FigureExport, ShowsNewDataInTheWindowAfterItShowedThemInAFile) {
+  const auto window = std::make_shared<NSWindow>(CGSize{300, 200});
+  window->setContentView(figure.view);
+  const auto show = [&] {
+    const auto screen = CGBitmapContext::create({300, 200}, 1);
+    window->display(*screen);
+    return screen->pngData();
+  };
+  // Twice, so that the picture is kept.
+  show();
+  const std::string before = show();
+  figure.plot.points[0].y += 0.1;
+  figure.plot.graphs()[0]->reloadData();
+  const std::string written = exported(*figure.view, "figure.png");
+  EXPECT_NE(written, before);
+  EXPECT_EQ(show(), written);
+  EXPECT_EQ(show(), written);
+}
+
+TEST_F(FigureExport, RefusesExtensionsThatItDoesNotKnow) {
+  for (const char* name : {"figure", "figure.", "figure.jpg", "figure.PNG", "figure.png ", ".png",
+                           "png", "figure.png/"})
+    EXPECT_THAT(failure(folder / name),
+                AllOf(StartsWith((folder / name).string() + ": "), HasSubstr(".png, .pdf or .svg")))
+        << name;
+  EXPECT_THAT(failure(""), HasSubstr(".png, .pdf or .svg"));
+  EXPECT_THAT(folder.names(), IsEmpty());
+}
+
+TEST_F(FigureExport, LeavesAFileOfAnUnknownExtensionAlone) {
+  folder.write("figure.txt", "old");
+  EXPECT_NE(failure(folder / "figure.txt"), "");
+  EXPECT_EQ(folder.read("figure.txt"), "old");
+}
+
+TEST_F(FigureExport, LeavesTheFormerFileWholeWhenThereIsNoSurface) {
+  folder.write("figure.png", "old");
+  folder.write("figure.pdf", "old");
+  for (const CGFloat scale : {std::numeric_limits<double>::quiet_NaN(), 0.0, -1.0, 1e9})
+    EXPECT_THAT(failure(folder / "figure.png", scale),
+                StartsWith((folder / "figure.png").string() + ": "));
+  figure.view->setFrameSize({0, 200});
+  EXPECT_THAT(failure(folder / "figure.png"), StartsWith((folder / "figure.png").string() + ": "));
+  EXPECT_THAT(failure(folder / "figure.pdf"), StartsWith((folder / "figure.pdf").string() + ": "));
+  EXPECT_EQ(folder.read("figure.png"), "old");
+  EXPECT_EQ(folder.read("figure.pdf"), "old");
+  EXPECT_THAT(folder.names(), ElementsAre("figure.pdf", "figure.png"));
+}
+
+TEST_F(FigureExport, NamesAFileThatCannotBeWritten) {
+  fs::create_directory(folder / "folder.png");
+  fs::create_symlink("/dev/full", folder / "full.svg");
+  for (const char* name : {"folder.png", "missing/figure.pdf", "full.svg"}) {
+    const std::string path = folder / name;
+    EXPECT_THAT(failure(path), StartsWith(path + ": "));
+    EXPECT_GT(failure(path).size(), path.size() + 2);
+  }
+  EXPECT_THAT(folder.names(), ElementsAre("folder.png", "full.svg"));
+}
+
+TEST_F(FigureExport, ReplacesTheFormerFile) {
+  folder.write("figure.svg", std::string(1 << 20, 'x'));
+  EXPECT_THAT(exported(*figure.view, "figure.svg"), testing::EndsWith("</svg>\n"));
+  EXPECT_THAT(folder.names(), ElementsAre("figure.svg"));
+}
+
+}  // namespace
+}  // namespace vexel
