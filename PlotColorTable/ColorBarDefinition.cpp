@@ -4,8 +4,8 @@
 
 namespace vexel {
 
-ColorBarDefinition::ColorBarDefinition(std::vector<std::optional<CPTColor>> ofPoints, PlotCT table,
-                                       AxisType axisType, std::vector<double> ends,
+ColorBarDefinition::ColorBarDefinition(CPTColorList ofPoints, PlotCT table, AxisType axisType,
+                                       std::vector<double> ends,
                                        std::shared_ptr<NSFormatter> labelFormatter,
                                        std::string axisTitle)
     : colors(std::move(ofPoints)),

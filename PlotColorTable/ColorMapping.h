@@ -1,11 +1,8 @@
 #pragma once
 
-#include <optional>
+#include <cstdint>
 #include <span>
 #include <vector>
-
-#include <CorePlot/CPTColor.h>
-#include <PlotColorTable/PlotCT.h>
 
 namespace vexel {
 
@@ -15,16 +12,16 @@ struct ColorScale {
   double high;
 };
 
-/// A colour per value, by its decimal logarithm on a scale of decades. Values that are not finite
-/// take the first colour. Absent where there is no colour. A negative value and an index that is
-/// no integer are fatal errors.
-std::vector<std::optional<CPTColor>> logarithmicColors(std::span<const double> values,
-                                                       ColorScale decades,
-                                                       std::span<const NSColor> colors);
+// The place of the colour of each value in a table of so many colours. CPTColorList::kNoColor where
+// the table has none.
 
-/// A colour per value on a linear scale; on one without length, colour 100 of the table for all.
-/// Values that are not finite take the low end. Absent where there is no colour.
-std::vector<std::optional<CPTColor>> linearColors(std::span<const double> values, ColorScale scale,
-                                                  std::span<const NSColor> colors, PlotCT table);
+/// By the decimal logarithm on a scale of decades. Values that are not finite take the first
+/// colour. A negative value and a place that is no integer are fatal errors.
+std::vector<std::uint32_t> logarithmicPlaces(std::span<const double> values, ColorScale decades,
+                                             std::size_t colors);
+
+/// On a linear scale, whose ends differ. Values that are not finite take the low end.
+std::vector<std::uint32_t> linearPlaces(std::span<const double> values, ColorScale scale,
+                                        std::size_t colors);
 
 }  // namespace vexel

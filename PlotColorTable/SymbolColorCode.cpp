@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <string>
+#include <utility>
 
 #include <Foundation/FatalError.h>
 #include <Kitbase/EmptyFormatter.h>
@@ -15,6 +17,8 @@ namespace vexel {
 namespace {
 
 using AxisType = ColorBarDefinition::AxisType;
+
+constexpr std::int64_t kColorOfEqualValues = 100;
 
 /// Where a logarithmic bar begins and ends.
 enum class Ends { tenths, decades };
@@ -78,15 +82,19 @@ std::optional<std::span<const double>> numbersOf(const SymbolValues& values,
 
 /// The decades from the smallest value above the threshold to the largest of all.
 ColorScale decadesOf(std::span<const double> values, const LogarithmicQuantity& quantity) {
-  std::optional<double> least;
-  std::optional<double> greatest;
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  double least = kInfinity;
+  double greatest = -kInfinity;
+  bool anyCounts = false;
+  // Comparisons with NaN are false.
   for (const double value : values) {
-    if (std::isnan(value)) continue;
-    if (value > quantity.threshold && (!least || value < *least)) least = value;
-    if (!greatest || value > *greatest) greatest = value;
+    const bool counts = value > quantity.threshold;
+    anyCounts |= counts;
+    least = counts && value < least ? value : least;
+    greatest = value > greatest ? value : greatest;
   }
-  const double min = least.value_or(1.0);
-  const double max = greatest.value_or(10.0);
+  const double min = anyCounts ? least : 1.0;
+  const double max = greatest > -kInfinity ? greatest : 10.0;
   if (max <= min) return {0, 1};
   if (quantity.ends == Ends::decades)
     return {std::floor(std::log10(min)), std::ceil(std::log10(max))};
@@ -94,34 +102,53 @@ ColorScale decadesOf(std::span<const double> values, const LogarithmicQuantity& 
 }
 
 ColorScale rangeOf(std::span<const double> values) {
-  std::optional<ColorScale> range;
+  ColorScale range{std::numeric_limits<double>::infinity(),
+                   -std::numeric_limits<double>::infinity()};
+  // Comparisons with NaN are false.
   for (const double value : values) {
-    if (std::isnan(value)) continue;
-    if (!range) range = {value, value};
-    range->low = std::min(range->low, value);
-    range->high = std::max(range->high, value);
+    range.low = value < range.low ? value : range.low;
+    range.high = value > range.high ? value : range.high;
   }
-  return range.value_or(ColorScale{0.0, 1.0});
+  return range.low <= range.high ? range : ColorScale{0.0, 1.0};
+}
+
+std::vector<CPTColor> paletteOf(const PlotColorTable& table) {
+  std::vector<CPTColor> palette;
+  palette.reserve(table.colors().size());
+  for (const NSColor& color : table.colors())
+    palette.push_back(SymbolColorCode::getCPTColor(color));
+  return palette;
 }
 
 ColorBarDefinition logarithmicDefinition(std::span<const double> values, PlotCT table,
                                          const LogarithmicQuantity& quantity) {
-  const PlotColorTable colorTable(table.number(), table.family());
+  std::vector<CPTColor> palette = paletteOf(PlotColorTable(table.number(), table.family()));
   const ColorScale decades = decadesOf(values, quantity);
-  return {logarithmicColors(values, decades, colorTable.colors()), table,   AxisType::log,
+  std::vector<std::uint32_t> places = logarithmicPlaces(values, decades, palette.size());
+  return {CPTColorList(std::move(palette), std::move(places)),     table,   AxisType::log,
           {std::pow(10, decades.low), std::pow(10, decades.high)}, nullptr, quantity.title};
+}
+
+/// The colour of values that are all equal, once per value.
+CPTColorList equalColors(std::size_t count, PlotCT table) {
+  const auto color = table.getCPTColor(kColorOfEqualValues);
+  if (!color) return CPTColorList({}, std::vector(count, CPTColorList::kNoColor));
+  return CPTColorList({*color}, std::vector<std::uint32_t>(count, 0));
+}
+
+CPTColorList linearColors(std::span<const double> values, ColorScale range, PlotCT table) {
+  std::vector<CPTColor> palette = paletteOf(PlotColorTable(table.number(), table.family()));
+  if (range.low == range.high) return equalColors(values.size(), table);
+  std::vector<std::uint32_t> places = linearPlaces(values, range, palette.size());
+  return CPTColorList(std::move(palette), std::move(places));
 }
 
 ColorBarDefinition linearDefinition(std::span<const double> values, PlotCT table,
                                     const LinearQuantity& quantity) {
-  const PlotColorTable colorTable(table.number(), table.family());
   const ColorScale range = rangeOf(values);
-  return {linearColors(values, range, colorTable.colors(), table),
-          table,
-          AxisType::linear,
-          {range.low, range.high},
-          std::make_shared<EmptyFormatter>(),
-          quantity.title};
+  return {
+      linearColors(values, range, table), table,         AxisType::linear, {range.low, range.high},
+      std::make_shared<EmptyFormatter>(), quantity.title};
 }
 
 }  // namespace

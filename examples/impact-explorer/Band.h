@@ -30,6 +30,9 @@ struct Band {
 struct TimeSpan {
   double start = 0;
   double end = 1;
+
+  /// Whether the calendar of time axes knows all of it.
+  bool isInCalendar() const { return start >= 0 && end <= 5373484; }
 };
 
 /// A band with the value axis that suits its values.

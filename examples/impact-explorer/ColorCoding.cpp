@@ -19,9 +19,9 @@ struct Word {
 };
 
 constexpr Word kWords[] = {
-    {"charge", SymbolColorCode::impactCharge},   {"speed", SymbolColorCode::impactSpeed},
-    {"velocity", SymbolColorCode::impactSpeed},  {"size", SymbolColorCode::grainSize},
-    {"radius", SymbolColorCode::grainSize},      {"mass", SymbolColorCode::grainMass},
+    {"charge", SymbolColorCode::impactCharge},  {"speed", SymbolColorCode::impactSpeed},
+    {"velocity", SymbolColorCode::impactSpeed}, {"size", SymbolColorCode::grainSize},
+    {"radius", SymbolColorCode::grainSize},     {"mass", SymbolColorCode::grainMass},
     {"energy", SymbolColorCode::impactEnergy},
 };
 
@@ -35,9 +35,8 @@ SymbolColorCode quantityFor(const std::string& name, double least, double greate
   if (!(least > 0 && greatest >= kLeastSpan * least && greatest <= kLargest))
     return SymbolColorCode::dustCharge;
   const std::string lower = lowerCase(name);
-  const auto named = std::ranges::find_if(kWords, [&](const Word& known) {
-    return lower.find(known.word) != std::string::npos;
-  });
+  const auto named = std::ranges::find_if(
+      kWords, [&](const Word& known) { return lower.find(known.word) != std::string::npos; });
   if (named == std::end(kWords) || least < kTenth) return SymbolColorCode::grainMass;
   return named->quantity;
 }
@@ -61,7 +60,7 @@ ColorBarDefinition ColorCoding::definition() const {
   // Dust charges have a bar without numbers, which other linear quantities need.
   definition.formatter = nullptr;
   for (std::size_t i = 0; i < values.size(); ++i)
-    if (std::isnan(values[i])) definition.colors[i] = std::nullopt;
+    if (std::isnan(values[i])) definition.colors.set(i, std::nullopt);
   return definition;
 }
 

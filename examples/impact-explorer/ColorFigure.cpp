@@ -1,7 +1,5 @@
 #include "ColorFigure.h"
 
-#include "Calendar.h"
-
 namespace explorer {
 
 using namespace vexel;
@@ -35,17 +33,17 @@ void ColorFigure::refresh(const std::vector<double>& presented) {
 }
 
 void ColorFigure::addAxes() {
-  const auto [start, end] = timeSpan({band_});
+  const TimeSpan span = timeSpan({band_});
   const auto lowerEdge = CPTConstraints::constraintWithLowerOffset(0);
   formatXAxis(figureGraph(), {
                                  .title = "Julian date",
                                  .titleOffset = kTimeTitleOffset,
-                                 .xRange = std::vector{start, end},
+                                 .xRange = std::vector{span.start, span.end},
                                  .axisConstraints = lowerEdge,
                                  .gridLines = true,
                                  .noLabels = false,
                                  .tickMarks = true,
-                                 .timeAxis = isInCalendar(start) && isInCalendar(end),
+                                 .timeAxis = span.isInCalendar(),
                                  .upperAxis = false,
                                  .onNewPlotSpace = false,
                                  .separateLayers = false,
@@ -88,13 +86,11 @@ std::size_t ColorFigure::numberOfRecords(const CPTPlot&) {
   return band_.times.size();
 }
 
-std::optional<CPTNumericData> ColorFigure::numbers(const CPTPlot&, unsigned field,
-                                                   CPTRecordRange) {
+std::optional<CPTNumericData> ColorFigure::numbers(const CPTPlot&, unsigned field, CPTRecordRange) {
   return field == CPTScatterPlotFieldX ? band_.times : band_.values;
 }
 
-std::span<const std::optional<CPTColor>> ColorFigure::symbolColors(const CPTScatterPlot&,
-                                                                   CPTRecordRange) {
+CPTColorList ColorFigure::symbolColors(const CPTScatterPlot&, CPTRecordRange) {
   return definition_.colors;
 }
 

@@ -12,8 +12,7 @@ namespace explorer {
 class ColorFigure : public vexel::Adopter<vexel::ColorbarPlot> {
  public:
   /// `coding` has as many values as the band.
-  ColorFigure(Band band, ColorCoding coding)
-      : band_(std::move(band)), coding_(std::move(coding)) {}
+  ColorFigure(Band band, ColorCoding coding) : band_(std::move(band)), coding_(std::move(coding)) {}
 
   vexel::SymbolColorCode symbolColorCode() override { return coding_.quantity; }
 
@@ -24,8 +23,8 @@ class ColorFigure : public vexel::Adopter<vexel::ColorbarPlot> {
   std::size_t numberOfRecords(const vexel::CPTPlot& plot) override;
   std::optional<vexel::CPTNumericData> numbers(const vexel::CPTPlot& plot, unsigned field,
                                                vexel::CPTRecordRange records) override;
-  std::span<const std::optional<vexel::CPTColor>> symbolColors(
-      const vexel::CPTScatterPlot& plot, vexel::CPTRecordRange records) override;
+  vexel::CPTColorList symbolColors(const vexel::CPTScatterPlot& plot,
+                                   vexel::CPTRecordRange records) override;
 
  private:
   void addAxes();

@@ -67,9 +67,8 @@ void TableSheet::draw(CGContext& context, CGRect) {
     const CGText text{{{name, font, theme_.plotColor().cgColor()}}};
     context.drawText(text, {area.minX(), middle - context.measure(text).height / 2});
     const CGFloat left = area.minX() + kNameWidth;
-    context.drawImage(*strip(table),
-                      CGRect::make(left, middle - kStripShare * height / 2, area.maxX() - left,
-                                   kStripShare * height));
+    context.drawImage(*strip(table), CGRect::make(left, middle - kStripShare * height / 2,
+                                                  area.maxX() - left, kStripShare * height));
     top -= height;
   }
 }

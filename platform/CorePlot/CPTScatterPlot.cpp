@@ -6,8 +6,6 @@
 
 #include <Kernels/Polyline.h>
 
-#include "ColorPlaces.h"
-
 namespace vexel {
 
 namespace {
@@ -18,8 +16,6 @@ constexpr CGFloat kLineTolerance = 0.02;
 constexpr std::size_t kPointsPerStroke = 1000;
 // Wider pens cover everything anyway, in points.
 constexpr CGFloat kWidestPen = 1e4;
-// The place of the colour of a record that has none.
-constexpr std::uint32_t kNoColor = ~std::uint32_t{0};
 
 bool isFinite(CGPoint p) {
   return std::isfinite(p.x) && std::isfinite(p.y);
@@ -123,8 +119,7 @@ std::size_t CPTScatterPlot::readData(CPTPlotDataSource& source, std::size_t reco
   y_ = readField(source, CPTScatterPlotFieldY, records, storedY_);
   const std::size_t count = std::min(x_.count(), y_.count());
   recordSymbols_ = source.symbols(*this, {0, count});
-  const auto colors = source.symbolColors(*this, {0, count});
-  keepColors(colors.first(std::min(colors.size(), count)));
+  recordColors_ = source.symbolColors(*this, {0, count});
   return count;
 }
 
@@ -163,14 +158,6 @@ void CPTScatterPlot::drawLine(CGContext& context, std::span<const CGPoint> point
   }
 }
 
-void CPTScatterPlot::keepColors(std::span<const std::optional<CPTColor>> colors) {
-  ColorPlaces places(colors_);
-  recordColors_.clear();
-  recordColors_.reserve(colors.size());
-  for (const auto& color : colors)
-    recordColors_.push_back(color ? places.placeOf(*color) : kNoColor);
-}
-
 CGRect CPTScatterPlot::visibleCenters(const CPTPlotSymbol& symbol) const {
   const CGRect reach = symbol.reach();
   return CGRect::make(-reach.maxX(), -reach.maxY(), plotAreaSize().width + reach.size.width,
@@ -184,7 +171,7 @@ void CPTScatterPlot::drawSymbols(CGContext& context, std::span<const CGPoint> po
   if (!plotSymbol_) return;
   if (withColor > withSymbol)
     drawColoredSymbols(context, *plotSymbol_,
-                       std::span(recordColors_).subspan(withSymbol, withColor - withSymbol),
+                       recordColors_.places().subspan(withSymbol, withColor - withSymbol),
                        points.subspan(withSymbol, withColor - withSymbol));
   std::vector<CGPoint> centers;
   const CGRect visible = visibleCenters(*plotSymbol_);
@@ -215,17 +202,17 @@ void CPTScatterPlot::drawRecordSymbols(CGContext& context, std::span<const CGPoi
 }
 
 void CPTScatterPlot::drawColoredSymbols(CGContext& context, const CPTPlotSymbol& symbol,
-                                        std::span<const std::uint32_t> colors,
+                                        std::span<const std::uint32_t> colorOfPoint,
                                         std::span<const CGPoint> points) const {
   std::vector<std::uint32_t> colorOfCenter;
   std::vector<CGPoint> centers;
   const CGRect visible = visibleCenters(symbol);
   for (std::size_t i = 0; i < points.size(); ++i) {
-    if (colors[i] == kNoColor || !visible.contains(points[i])) continue;
-    colorOfCenter.push_back(colors[i]);
+    if (colorOfPoint[i] == CPTColorList::kNoColor || !visible.contains(points[i])) continue;
+    colorOfCenter.push_back(colorOfPoint[i]);
     centers.push_back(points[i]);
   }
-  symbol.draw(context, colors_, colorOfCenter, centers);
+  symbol.draw(context, recordColors_.palette(), colorOfCenter, centers);
 }
 
 void CPTScatterPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {

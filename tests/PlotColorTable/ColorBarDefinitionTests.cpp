@@ -16,7 +16,7 @@ using testing::IsEmpty;
 
 TEST(ColorBarDefinition, IsALinearBarOverTheUnitWithoutColours) {
   const ColorBarDefinition definition;
-  EXPECT_THAT(definition.colors, IsEmpty());
+  EXPECT_THAT(definition.colors.elements(), IsEmpty());
   EXPECT_EQ(definition.colorTable.description(), "IDL: 16 Level");
   EXPECT_EQ(definition.type, AxisType::linear);
   EXPECT_THAT(definition.range, ElementsAre(0.0, 1.0));
@@ -36,7 +36,7 @@ ColorBarDefinition example() {
 
 TEST(ColorBarDefinition, TakesItsFieldsInOrder) {
   const ColorBarDefinition definition = example();
-  EXPECT_THAT(definition.colors, ElementsAre(CPTColor::redColor(), std::nullopt));
+  EXPECT_THAT(definition.colors.elements(), ElementsAre(CPTColor::redColor(), std::nullopt));
   EXPECT_EQ(definition.colorTable, PlotCT::gmtHot);
   EXPECT_EQ(definition.type, AxisType::log);
   EXPECT_THAT(definition.range, ElementsAre(1, 100));
@@ -54,7 +54,7 @@ TEST(ColorBarDefinition, IsAValue) {
   const ColorBarDefinition original = example();
   EXPECT_EQ(original, example());
   const std::function<void(ColorBarDefinition&)> changes[] = {
-      [](auto& d) { d.colors.clear(); },
+      [](auto& d) { d.colors = {}; },
       [](auto& d) { d.colorTable = PlotCT::gmtPolar; },
       [](auto& d) { d.type = AxisType::discrete; },
       [](auto& d) {

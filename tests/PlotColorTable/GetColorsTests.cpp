@@ -37,7 +37,7 @@ ColorBarDefinition barOf(Code::Case quantity, const std::vector<double>& values,
 /// Where the colours stand in the black and white table, which has no colour twice; -1 for none.
 std::vector<int> indicesOf(Code::Case quantity, const std::vector<double>& values) {
   std::vector<int> indices;
-  for (const auto& color : barOf(quantity, values, PlotCT::idlBWLinear).colors)
+  for (const auto& color : barOf(quantity, values, PlotCT::idlBWLinear).colors.elements())
     indices.push_back(color ? static_cast<int>(std::lround(color->cgColor().red() * 255)) : -1);
   return indices;
 }
@@ -223,7 +223,7 @@ TEST(GetColors, RoundsOtherBarsToTenthsOfADecadesNumbers) {
 
 TEST(GetColors, ShowsOneDecadeWithoutValues) {
   for (const Code::Case quantity : kLogarithmic) {
-    EXPECT_THAT(barOf(quantity, {}).colors, IsEmpty());
+    EXPECT_THAT(barOf(quantity, {}).colors.elements(), IsEmpty());
     EXPECT_THAT(barOf(quantity, {}).range, ElementsAre(1, 10));
     EXPECT_THAT(barOf(quantity, {kNaN, kNaN}).range, ElementsAre(1, 10));
     EXPECT_THAT(indicesOf(quantity, {kNaN, kNaN}), ElementsAre(0, 0));
@@ -255,11 +255,11 @@ TEST(GetColors, SpreadsMassesOfAnySize) {
 
 TEST(GetColors, HasNoColourInAnEmptyTable) {
   const ReplacedCatalogue catalogue({{"gmt", {{8, {}}}}});
-  EXPECT_THAT(barOf(Code::grainMass, {0, 1, kNaN}, PlotCT::gmtHot).colors,
+  EXPECT_THAT(barOf(Code::grainMass, {0, 1, kNaN}, PlotCT::gmtHot).colors.elements(),
               testing::Each(std::nullopt));
-  EXPECT_THAT(barOf(Code::eventTime, {0, 1, kNaN}, PlotCT::gmtHot).colors,
+  EXPECT_THAT(barOf(Code::eventTime, {0, 1, kNaN}, PlotCT::gmtHot).colors.elements(),
               ElementsAre(std::nullopt, std::nullopt, std::nullopt));
-  EXPECT_THAT(barOf(Code::eventTime, {1, 1}, PlotCT::gmtHot).colors,
+  EXPECT_THAT(barOf(Code::eventTime, {1, 1}, PlotCT::gmtHot).colors.elements(),
               ElementsAre(std::nullopt, std::nullopt));
 }
 
@@ -291,7 +291,7 @@ TEST(GetColors, SpreadsLinearQuantitiesFromTheSmallestToTheLargest) {
 
 TEST(GetColors, ShowsTheUnitWithoutLinearValues) {
   for (const Code::Case quantity : kLinear) {
-    EXPECT_THAT(barOf(quantity, {}).colors, IsEmpty());
+    EXPECT_THAT(barOf(quantity, {}).colors.elements(), IsEmpty());
     EXPECT_THAT(barOf(quantity, {}).range, ElementsAre(0, 1));
     EXPECT_THAT(barOf(quantity, {kNaN}).range, ElementsAre(0, 1));
     EXPECT_THAT(indicesOf(quantity, {kNaN}), ElementsAre(0));
@@ -302,7 +302,7 @@ TEST(GetColors, GivesEqualLinearValuesColourOneHundred) {
   for (const Code::Case quantity : kLinear) {
     const ColorBarDefinition bar = barOf(quantity, {5, 5, 5});
     EXPECT_THAT(bar.range, ElementsAre(5, 5));
-    EXPECT_THAT(bar.colors,
+    EXPECT_THAT(bar.colors.elements(),
                 ElementsAre(bar.colorTable.getCPTColor(100), bar.colorTable.getCPTColor(100),
                             bar.colorTable.getCPTColor(100)));
     EXPECT_THAT(indicesOf(quantity, {5, kNaN, 5}), testing::Each(100));
@@ -438,6 +438,21 @@ RC_GTEST_PROP(GetColors, AgreesWithItsStatementForMassesAndEnergyDensities, ()) 
   RC_PRE(!expected.isRefused);
   expectAgreement(*rc::gen::elementOf(std::vector(std::begin(kDecades), std::end(kDecades))),
                   values, expected, anyTable());
+}
+
+RC_GTEST_PROP(GetColors, AgreesWithItsStatementAtTheBordersOfColours, ()) {
+  const int low = *rc::gen::inRange(-300, 300);
+  const int decades = *rc::gen::inRange(1, 8);
+  std::vector<double> values{std::pow(10, low), std::pow(10, low + decades)};
+  for (int k = 0; k <= 255; ++k) {
+    double value = std::pow(10, low + decades * k / 255.0);
+    // The nearest numbers on both sides.
+    for (int i = 0; i < 4; ++i) value = std::nextafter(value, 0);
+    for (int i = 0; i < 9; ++i) values.push_back(value = std::nextafter(value, kLargest));
+  }
+  const Expectation expected = expectedLogarithmic(values, 0.0, true);
+  RC_PRE(!expected.isRefused);
+  expectAgreement(Code::grainMass, values, expected, PlotCT::idlBWLinear);
 }
 
 RC_GTEST_PROP(GetColors, AgreesWithItsStatementForLinearQuantities, ()) {

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include <CorePlot/CPTColor.h>
+#include <CorePlot/CPTColorList.h>
 #include <Foundation/NSFormatter.h>
 #include <PlotColorTable/PlotCT.h>
 
@@ -23,13 +22,13 @@ struct ColorBarDefinition {
 
   /// A linear bar over 0 to 1 in the table "IDL: 16 Level", without colours, formatter and title.
   ColorBarDefinition() = default;
-  ColorBarDefinition(std::vector<std::optional<CPTColor>> colors, PlotCT colorTable, AxisType type,
+  ColorBarDefinition(CPTColorList colors, PlotCT colorTable, AxisType type,
                      std::vector<double> range, std::shared_ptr<NSFormatter> formatter,
                      std::string title);
 
   /// Of the plotted points, one each in their order. For the application; the bar does not use
   /// them.
-  std::vector<std::optional<CPTColor>> colors;
+  CPTColorList colors;
   /// Painted into the bar.
   PlotCT colorTable = PlotCT::idl16Level;
   /// How values run along the bar.

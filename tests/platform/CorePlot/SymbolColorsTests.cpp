@@ -16,26 +16,18 @@ using testing::SizeIs;
 
 using Colors = std::vector<std::optional<CPTColor>>;
 
-/// Lends colours that last no longer than the call.
 class ColoredSource : public ListSource {
  public:
   ColoredSource(std::vector<double> x, std::vector<double> y, Colors colorsOfRecords)
       : ListSource({std::move(x), std::move(y)}), colors(std::move(colorsOfRecords)) {}
 
-  std::span<const std::optional<CPTColor>> symbolColors(const CPTScatterPlot&,
-                                                        CPTRecordRange range) override {
+  CPTColorList symbolColors(const CPTScatterPlot&, CPTRecordRange range) override {
     ++askedForColors;
     lastRange = range;
-    lent = colors;
-    return lent;
-  }
-  std::vector<std::shared_ptr<CPTTextLayer>> dataLabels(const CPTPlot&, CPTRecordRange) override {
-    lent.assign(lent.size(), CPTColor::brownColor());
-    return {};
+    return CPTColorList(colors);
   }
 
   Colors colors;
-  Colors lent;
   int askedForColors = 0;
   CPTRecordRange lastRange;
 };
@@ -77,7 +69,7 @@ const CPTColor kBlue = CPTColor::blueColor();
 TEST_F(SymbolColors, FillTheSymbolsRecordByRecordInTheirOrder) {
   EXPECT_THAT(symbolCalls({kRed, kBlue, kBlue, kRed}, square()),
               ElementsAre(HasSubstr("#ff0000"), HasSubstr("#0000ff"), HasSubstr("#ff0000")));
-  EXPECT_THAT(calls(recorded(*graph_), {"symbols"})[1], HasSubstr("20 20 30 30"));
+  EXPECT_THAT(calls(recorded(*graph_), {"symbols"})[1], HasSubstr("20 20, 30 30"));
 }
 
 TEST_F(SymbolColors, ReplaceAFillOfAnyKindAndNone) {
@@ -108,7 +100,7 @@ TEST_F(SymbolColors, DrawSymbolsOfLines) {
 
 TEST_F(SymbolColors, DrawNothingWhereAbsent) {
   EXPECT_THAT(symbolCalls({std::nullopt, kRed, std::nullopt, kRed}, square()),
-              ElementsAre(testing::AllOf(HasSubstr("20 20 40 40"), HasSubstr("#ff0000"))));
+              ElementsAre(testing::AllOf(HasSubstr("20 20, 40 40"), HasSubstr("#ff0000"))));
   EXPECT_THAT(symbolCalls(Colors(4), square()), IsEmpty());
 }
 

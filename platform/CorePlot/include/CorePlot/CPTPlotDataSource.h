@@ -4,9 +4,9 @@
 #include <limits>
 #include <memory>
 #include <optional>
-#include <span>
 #include <vector>
 
+#include <CorePlot/CPTColorList.h>
 #include <CorePlot/CPTNumericData.h>
 #include <CorePlot/CPTPlotSymbol.h>
 #include <Foundation/NSObject.h>
@@ -64,11 +64,10 @@ class CPTPlotDataSource : public virtual NSObject {
     return {};
   }
 
-  /// A colour per record, in order, lent for the call, in which the plot's own symbol is filled, or
-  /// drawn when it has only lines; an absent element draws none. Records beyond the end of the
-  /// list, all of them by default, take the symbol as it is.
-  virtual std::span<const std::optional<CPTColor>> symbolColors(const CPTScatterPlot& plot,
-                                                                CPTRecordRange records) {
+  /// A colour per record, in order, in which the plot's own symbol is filled, or drawn when it has
+  /// only lines; an absent element draws none. Records beyond the end of the list, all of them by
+  /// default, take the symbol as it is.
+  virtual CPTColorList symbolColors(const CPTScatterPlot& plot, CPTRecordRange records) {
     (void)plot, (void)records;
     return {};
   }

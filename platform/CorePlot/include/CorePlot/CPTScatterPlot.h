@@ -41,11 +41,10 @@ class CPTScatterPlot : public CPTPlot {
   /// Where the records lie on the plot area; empty when the scales are not drawable.
   std::vector<CGPoint> viewPoints(const CPTXYPlotSpace& space) const;
   void drawLine(CGContext& context, std::span<const CGPoint> points) const;
-  void keepColors(std::span<const std::optional<CPTColor>> colors);
   void drawSymbols(CGContext& context, std::span<const CGPoint> points) const;
   void drawRecordSymbols(CGContext& context, std::span<const CGPoint> points) const;
   void drawColoredSymbols(CGContext& context, const CPTPlotSymbol& symbol,
-                          std::span<const std::uint32_t> colors,
+                          std::span<const std::uint32_t> colorOfPoint,
                           std::span<const CGPoint> points) const;
   CGRect visibleCenters(const CPTPlotSymbol& symbol) const;
 
@@ -54,9 +53,7 @@ class CPTScatterPlot : public CPTPlot {
   std::vector<double> storedX_;
   std::vector<double> storedY_;
   std::vector<std::optional<CPTPlotSymbol>> recordSymbols_;
-  /// The different colours of records, and where each record has its own among them.
-  std::vector<CPTColor> colors_;
-  std::vector<std::uint32_t> recordColors_;
+  CPTColorList recordColors_;
   std::optional<CPTLineStyle> dataLineStyle_ = CPTLineStyle{};
   std::optional<CPTPlotSymbol> plotSymbol_;
   CPTScatterPlotInterpolation interpolation_ = CPTScatterPlotInterpolation::linear;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include <CorePlot/CPTColor.h>
+
+namespace vexel {
+
+/// Colours of records in their order, absent ones among them. It holds each different colour once
+/// and four bytes per record. A value; two are equal when their elements are.
+class CPTColorList {
+ public:
+  /// The place of an absent colour.
+  static constexpr std::uint32_t kNoColor = ~std::uint32_t{0};
+
+  CPTColorList() = default;
+  CPTColorList(std::initializer_list<std::optional<CPTColor>> colors);
+  explicit CPTColorList(std::span<const std::optional<CPTColor>> colors);
+  /// For each element the place of its colour in the palette, or kNoColor. Any other number that
+  /// is no place in it is a fatal error.
+  CPTColorList(std::vector<CPTColor> palette, std::vector<std::uint32_t> places);
+
+  std::size_t size() const { return places_.size(); }
+  bool empty() const { return places_.empty(); }
+
+  /// The element at `index`, which must be below size().
+  std::optional<CPTColor> operator[](std::size_t index) const;
+  void set(std::size_t index, const std::optional<CPTColor>& color);
+  std::vector<std::optional<CPTColor>> elements() const;
+
+  /// Colours that elements have, maybe more.
+  std::span<const CPTColor> palette() const { return palette_; }
+  std::span<const std::uint32_t> places() const { return places_; }
+
+  friend bool operator==(const CPTColorList& a, const CPTColorList& b);
+
+ private:
+  std::vector<CPTColor> palette_;
+  std::vector<std::uint32_t> places_;
+};
+
+}  // namespace vexel
