@@ -16,7 +16,7 @@ demo: build/release/build.ninja
 	@cmake --build --preset release --target impact-explorer
 	@mkdir -p build/demo
 	@for theme in black white print; do for type in png pdf svg; do \
-	  $(EXPLORER) --theme $$theme --size 1600x1000 \
+	  $(EXPLORER) --theme $$theme --size 800x500 --scale 2 \
 	    --export build/demo/impact-explorer-$$theme.$$type || exit; done; done
 	@echo "The figures are in $(CURDIR)/build/demo:"
 	@ls build/demo
