@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "AxisGeometry.h"
+
 namespace vexel {
 
 namespace {
@@ -29,11 +31,9 @@ CGFloat outerReach(const Member& member) {
   const CPTSign side = labelSide(*axis);
   CGFloat reach = layout.majorTicks.empty() ? 0 : tickReach(*axis, side);
   const auto include = [&](const Label& text) {
-    const CGRect box = text.box();
-    const bool alongX = layout.coordinate == CPTCoordinate::X;
-    reach = std::max(reach, side == CPTSign::positive
-                                ? (alongX ? box.maxY() : box.maxX()) - layout.line
-                                : layout.line - (alongX ? box.minY() : box.minX()));
+    const Stretch across = acrossOf(layout.coordinate, text.box());
+    reach = std::max(
+        reach, side == CPTSign::positive ? across.high - layout.line : layout.line - across.low);
   };
   for (const auto& label : layout.labels) include(label);
   if (layout.title) include(*layout.title);
@@ -58,8 +58,10 @@ class Arranger {
 
   void keepLabelsApart() {
     for (auto& member : axes_)
-      for (const auto& other : axes_)
+      for (const auto& other : axes_) {
         if (other.axis->axisLineStyle()) keepOffLine(member.layout, other.layout);
+        clearTitle(member.layout, other.layout);
+      }
     for (std::size_t i = 0; i < axes_.size(); ++i)
       for (std::size_t j = i + 1; j < axes_.size(); ++j)
         keepApart(axes_[i].layout, axes_[j].layout);
@@ -86,23 +88,28 @@ class Arranger {
 
   void keepOffLine(AxisLayout& layout, const AxisLayout& other) {
     if (layout.coordinate == other.coordinate) return;
-    const bool alongX = layout.coordinate == CPTCoordinate::X;
     for (std::size_t i = 0; i < layout.labels.size();) {
       const CGRect box = layout.labels[i].box();
-      const CGFloat low = alongX ? box.minX() : box.minY();
-      const CGFloat high = alongX ? box.maxX() : box.maxY();
-      const CGFloat lowAcross = alongX ? box.minY() : box.minX();
-      const CGFloat highAcross = alongX ? box.maxY() : box.maxX();
-      const bool isCut =
-          low < other.line && high > other.line && lowAcross < other.along && highAcross > 0;
-      const CGFloat up = other.line + kCornerGap - low;
-      const CGFloat down = other.line - kCornerGap - high;
+      const Stretch along = alongOf(layout.coordinate, box);
+      const Stretch across = acrossOf(layout.coordinate, box);
+      const bool isCut = along.low < other.line && along.high > other.line &&
+                         across.low < other.along && across.high > 0;
+      const CGFloat up = other.line + kCornerGap - along.low;
+      const CGFloat down = other.line - kCornerGap - along.high;
       if (isCut && !move(layout, i, up <= -down ? up : down) &&
           !move(layout, i, up <= -down ? down : up))
         layout.labels.erase(layout.labels.begin() + static_cast<std::ptrdiff_t>(i));
       else
         ++i;
     }
+  }
+
+  /// Where axes cross in the middle, the title of one may lie on labels of the other.
+  static void clearTitle(AxisLayout& layout, const AxisLayout& other) {
+    if (layout.coordinate == other.coordinate || !other.title) return;
+    const CGRect title = other.title->box();
+    std::erase_if(layout.labels,
+                  [&](const Label& label) { return !label.box().intersection(title).isEmpty(); });
   }
 
   void keepApart(AxisLayout& a, AxisLayout& b) {
@@ -131,9 +138,9 @@ class Arranger {
     Label moved = layout.labels[i];
     (layout.coordinate == CPTCoordinate::X ? moved.center.x : moved.center.y) += distance;
     const CGRect box = moved.box();
-    const bool isVisible = layout.coordinate == CPTCoordinate::X
-                               ? box.minX() >= view_.minX() && box.maxX() <= view_.maxX()
-                               : box.minY() >= view_.minY() && box.maxY() <= view_.maxY();
+    const Stretch along = alongOf(layout.coordinate, box);
+    const Stretch visible = alongOf(layout.coordinate, view_);
+    const bool isVisible = along.low >= visible.low && along.high <= visible.high;
     const auto touches = [&](std::size_t j) {
       return j < layout.labels.size() && !box.intersection(layout.labels[j].box()).isEmpty();
     };

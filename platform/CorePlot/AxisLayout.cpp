@@ -1,9 +1,13 @@
 #include "AxisLayout.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
+#include "AxisGeometry.h"
+#include "LabelChoice.h"
 #include "TickLabels.h"
 #include "TitleLines.h"
 
@@ -18,8 +22,6 @@ constexpr CGFloat kLabelGap = 4;
 constexpr CGFloat kTitleGap = 3;
 // A tick this far outside the plot area still shows, at its edge: no eye tells the places apart.
 constexpr CGFloat kEdgeTolerance = 0.5;
-// A tick at this part of the distance to the next one is a round number but for rounding.
-constexpr double kRoundTolerance = 1e-6;
 
 CPTSign orElse(CPTSign sign, CPTSign other) {
   return sign == CPTSign::none ? other : sign;
@@ -30,28 +32,6 @@ CGSize turned(CGSize size, CGFloat angle) {
   const CGFloat c = std::abs(std::cos(angle));
   const CGFloat s = std::abs(std::sin(angle));
   return {size.width * c + size.height * s, size.width * s + size.height * c};
-}
-
-/// The part of a size that lies along (across) the axis.
-CGFloat alongOf(CPTCoordinate coordinate, CGSize size) {
-  return coordinate == CPTCoordinate::X ? size.width : size.height;
-}
-CGFloat acrossOf(CPTCoordinate coordinate, CGSize size) {
-  return coordinate == CPTCoordinate::X ? size.height : size.width;
-}
-
-/// Where a rectangle begins and ends in one direction.
-struct Stretch {
-  CGFloat low;
-  CGFloat high;
-};
-Stretch alongOf(CPTCoordinate coordinate, const CGRect& rect) {
-  return coordinate == CPTCoordinate::X ? Stretch{rect.minX(), rect.maxX()}
-                                        : Stretch{rect.minY(), rect.maxY()};
-}
-Stretch acrossOf(CPTCoordinate coordinate, const CGRect& rect) {
-  return coordinate == CPTCoordinate::X ? Stretch{rect.minY(), rect.maxY()}
-                                        : Stretch{rect.minX(), rect.maxX()};
 }
 
 /// The place of a value along the axis; absent outside the plot area.
@@ -81,111 +61,100 @@ int tickRoom(CGFloat extent) {
   return 2 + static_cast<int>(std::clamp(extent / kClosestTicks, 0.0, 1e4));
 }
 
-/// The labels of an axis that say something, in ascending order of their places: those set by hand,
-/// or those made for the ticks.
-std::vector<std::shared_ptr<CPTAxisLabel>> labelsOf(const CPTAxis& axis, const Ticks& ticks,
-                                                    const AxisScale& scale) {
-  const NSFormatter* const formatter = axis.labelFormatter().get();
+/// Made for the ticks; at most `room` points wide if that can be.
+std::vector<std::shared_ptr<CPTAxisLabel>> madeLabels(const CPTAxis& axis, const Ticks& ticks,
+                                                      const AxisScale& scale, CGFloat room) {
+  const std::size_t step =
+      1 + ticks.major.size() / static_cast<std::size_t>(tickRoom(scale.extent));
+  std::vector<double> labelled;
+  for (std::size_t i = 0; i < ticks.major.size(); i += step) labelled.push_back(ticks.major[i]);
+  const auto contents =
+      tickLabels(labelled, *axis.labelFormatter(), axis.labelTextStyle().value_or(CPTTextStyle{}),
+                 scale.logarithmic, room);
   std::vector<std::shared_ptr<CPTAxisLabel>> labels;
-  if (axis.labelingPolicy() == CPTAxisLabelingPolicy::none) {
-    labels = axis.axisLabels();
-    std::erase_if(labels, [&](const auto& label) {
-      return !label->contentLayer() || std::isnan(label->tickLocation()) ||
-             (formatter && formatter->string(label->tickLocation()).empty());
-    });
-  } else if (formatter) {
-    const std::size_t step =
-        1 + ticks.major.size() / static_cast<std::size_t>(tickRoom(scale.extent));
-    std::vector<double> labelled;
-    for (std::size_t i = 0; i < ticks.major.size(); i += step) labelled.push_back(ticks.major[i]);
-    const auto contents = tickLabels(
-        labelled, *formatter, axis.labelTextStyle().value_or(CPTTextStyle{}), scale.logarithmic);
-    for (std::size_t i = 0; i < labelled.size(); ++i) {
-      if (!contents[i]) continue;
-      labels.push_back(std::make_shared<CPTAxisLabel>(contents[i]));
-      labels.back()->setTickLocation(labelled[i]);
-      labels.back()->setOffset(axis.labelOffset());
-      labels.back()->setRotation(axis.labelRotation());
-    }
+  for (std::size_t i = 0; i < labelled.size(); ++i) {
+    if (!contents[i]) continue;
+    labels.push_back(std::make_shared<CPTAxisLabel>(contents[i]));
+    labels.back()->setTickLocation(labelled[i]);
+    labels.back()->setOffset(axis.labelOffset());
+    labels.back()->setRotation(axis.labelRotation());
   }
+  return labels;
+}
+
+/// Set by hand; those that the formatter leaves.
+std::vector<std::shared_ptr<CPTAxisLabel>> labelsByHand(const CPTAxis& axis) {
+  auto labels = axis.axisLabels();
+  const auto& formatter = axis.labelFormatter();
+  std::erase_if(labels, [&](const auto& label) {
+    return !label->contentLayer() || std::isnan(label->tickLocation()) ||
+           (formatter && formatter->string(label->tickLocation()).empty());
+  });
   std::stable_sort(labels.begin(), labels.end(), [](const auto& a, const auto& b) {
     return a->tickLocation() < b->tickLocation();
   });
   return labels;
 }
 
-/// A label with its place.
-struct PlacedLabel {
-  double location;
-  AxisLayout::Text text;
-};
+/// The number that a text is; NaN for anything else.
+double numberIn(const std::string& text) {
+  const char* const end = text.data() + text.size();
+  const char* const start = std::find_if(text.data(), end, [](char c) { return c != ' '; });
+  double number = 0;
+  const auto result = std::from_chars(start, end, number);
+  return result.ec == std::errc{} && result.ptr == end ? number
+                                                       : std::numeric_limits<double>::quiet_NaN();
+}
 
 /// The least change that puts a stretch into the view, or into its middle when it is too long.
 CGFloat changeInto(Stretch view, Stretch stretch) {
-  if (stretch.high - stretch.low > view.high - view.low)
+  if (stretch.length() > view.length())
     return (view.low + view.high - stretch.low - stretch.high) / 2;
   if (stretch.low < view.low) return view.low - stretch.low;
   return std::min(view.high - stretch.high, 0.0);
 }
 
-bool isDecade(double number) {
-  const double exponent = std::log10(number);
-  return std::abs(exponent - std::round(exponent)) < kRoundTolerance;
+/// From the line to the end of the view.
+CGFloat roomBeside(const AxisLayout& layout, CPTSign side, const CGRect& view) {
+  const Stretch visible = acrossOf(layout.coordinate, view);
+  return side == CPTSign::positive ? visible.high - layout.line : layout.line - visible.low;
 }
 
-/// Whether no two of every step-th label touch.
-bool fit(const std::vector<PlacedLabel>& labels, std::size_t first, std::size_t step,
-         CPTCoordinate coordinate) {
-  for (std::size_t i = first + step; i < labels.size(); i += step) {
-    const CGRect a = labels[i - step].text.box();
-    const CGRect b = labels[i].text.box();
-    const bool areApart =
-        coordinate == CPTCoordinate::X
-            ? std::abs(b.midX() - a.midX()) >= (a.size.width + b.size.width) / 2 + kLabelGap
-            : std::abs(b.midY() - a.midY()) >= (a.size.height + b.size.height) / 2;
-    if (!areApart) return false;
-  }
-  return true;
+CPTSign titleSide(const CPTAxis& axis) {
+  return orElse(axis.titleDirection(), labelSide(axis));
 }
 
-/// The first label to stay when every step-th does: such that they stand at multiples of the step
-/// where the labels do, at 0, 20, 40 rather than 10, 30, 50.
-std::size_t firstOf(const std::vector<PlacedLabel>& labels, std::size_t step, bool logarithmic) {
-  const auto number = [&](std::size_t i) {
-    return logarithmic ? std::log10(labels[i].location) : labels[i].location;
-  };
-  for (std::size_t i = 0; i < std::min(step, labels.size() - 1); ++i) {
-    const double multiple = number(i) / ((number(1) - number(0)) * static_cast<double>(step));
-    if (std::abs(multiple - std::round(multiple)) < kRoundTolerance) return i;
-  }
-  return 0;
+CGFloat titleDepth(const AxisLayout& layout) {
+  return acrossOf(layout.coordinate, layout.title->box().size);
 }
 
-/// Leaves every k-th label, with the smallest k at which no two of them touch. On a logarithmic
-/// scale the labels between the decades go first.
-void thinOut(std::vector<PlacedLabel>& labels, CPTCoordinate coordinate, bool logarithmic) {
-  if (labels.empty() || fit(labels, 0, 1, coordinate)) return;
-  const auto between = [](const PlacedLabel& label) { return !isDecade(label.location); };
-  if (logarithmic && !std::all_of(labels.begin(), labels.end(), between))
-    std::erase_if(labels, between);
-  std::size_t step = 1;
-  std::size_t first = 0;
-  while (step < labels.size() && !fit(labels, first, step, coordinate))
-    first = firstOf(labels, ++step, logarithmic);
-  std::vector<PlacedLabel> kept;
-  for (std::size_t i = first; i < labels.size(); i += step) kept.push_back(labels[i]);
-  labels = std::move(kept);
-}
+struct PlacedLabels {
+  /// Where ticks have labels.
+  std::vector<CGFloat> places;
+  /// How far the farthest reaches from the axis line.
+  CGFloat reach = 0;
+};
 
-/// Places the labels; returns how far the farthest reaches from the axis line.
-CGFloat placeLabels(const CPTXYAxis& axis, const AxisScale& scale, const Ticks& ticks,
-                    const CGRect& view, AxisLayout& layout) {
+/// Places the labels, beside the title that the layout has already.
+PlacedLabels placeLabels(const CPTXYAxis& axis, const AxisScale& scale, const Ticks& ticks,
+                         const CGRect& view, AxisLayout& layout) {
   const CPTSign side = labelSide(axis);
-  const CGFloat sign = static_cast<CGFloat>(side);
   const CGFloat tickEnd = tickReach(axis, side);
-  CGFloat reach = tickEnd;
-  std::vector<PlacedLabel> placed;
-  for (const auto& label : labelsOf(axis, ticks, scale)) {
+  const bool byHand = axis.labelingPolicy() == CPTAxisLabelingPolicy::none;
+  const bool isUpright = axis.labelRotation() == 0 && layout.coordinate == CPTCoordinate::Y;
+  CGFloat room = std::numeric_limits<CGFloat>::infinity();
+  if (isUpright) {
+    room = roomBeside(layout, side, view) - tickEnd - axis.labelOffset();
+    if (layout.title && titleSide(axis) == side) room -= kTitleGap + titleDepth(layout);
+  }
+
+  std::vector<AxisLayout::Text> texts;
+  std::vector<CGFloat> places;
+  std::vector<LabelStretch> stretches;
+  std::vector<CGFloat> reaches;
+  for (const auto& label : byHand                  ? labelsByHand(axis)
+                           : axis.labelFormatter() ? madeLabels(axis, ticks, scale, room)
+                                                   : decltype(labelsByHand(axis)){}) {
     const auto place = positionInside(label->tickLocation(), scale);
     if (!place) continue;
     AxisLayout::Text text{label->contentLayer(), {}, label->rotation()};
@@ -195,32 +164,58 @@ CGFloat placeLabels(const CPTXYAxis& axis, const AxisScale& scale, const Ticks& 
     const CGFloat half = alongOf(layout.coordinate, box) / 2;
     const CGFloat moved =
         *place + changeInto(alongOf(layout.coordinate, view), {*place - half, *place + half});
-    text.center = layout.point(moved, layout.line + sign * (distance + depth / 2));
-    placed.push_back({label->tickLocation(), text});
-    reach = std::max(reach, distance + depth);
+    text.center =
+        layout.point(moved, layout.line + static_cast<CGFloat>(side) * (distance + depth / 2));
+    const double number = byHand ? numberIn(label->contentLayer()->text()) : label->tickLocation();
+    texts.push_back(std::move(text));
+    places.push_back(*place);
+    stretches.push_back(
+        {scale.logarithmic ? std::log10(number) : number, moved - half, moved + half});
+    reaches.push_back(distance + depth);
   }
-  thinOut(placed, layout.coordinate, scale.logarithmic);
-  for (const auto& label : placed) layout.labels.push_back(label.text);
-  return reach;
+
+  PlacedLabels placed{.places = {}, .reach = tickEnd};
+  const CGFloat gap = layout.coordinate == CPTCoordinate::X ? kLabelGap : 0;
+  for (const std::size_t i : chooseLabels(stretches, gap, scale.logarithmic)) {
+    layout.labels.push_back(texts[i]);
+    placed.places.push_back(places[i]);
+    placed.reach = std::max(placed.reach, reaches[i]);
+  }
+  return placed;
 }
 
-void placeTitle(const CPTXYAxis& axis, CGFloat labelReach, const CGRect& view, AxisLayout& layout) {
+/// Makes the title, still without a place.
+void makeTitle(const CPTXYAxis& axis, AxisLayout& layout) {
   if (!axis.title() || axis.title()->empty()) return;
-  const CPTSign side = orElse(axis.titleDirection(), labelSide(axis));
-  AxisLayout::Text title{
+  layout.title = AxisLayout::Text{
       titleLines(*axis.title(), axis.titleTextStyle().value_or(CPTTextStyle{}), layout.along),
       {},
       axis.coordinate() == CPTCoordinate::X ? 0 : std::numbers::pi / 2};
-  const CGFloat depth = acrossOf(layout.coordinate, title.box().size);
+}
+
+void placeTitle(const CPTXYAxis& axis, CGFloat labelReach, const CGRect& view, AxisLayout& layout) {
+  if (!layout.title) return;
+  const CPTSign side = titleSide(axis);
+  const CGFloat depth = titleDepth(layout);
   const CGFloat clear =
       side == labelSide(axis) && !layout.labels.empty() ? labelReach + kTitleGap : 0;
-  const Stretch visible = acrossOf(layout.coordinate, view);
-  const CGFloat room =
-      side == CPTSign::positive ? visible.high - layout.line : layout.line - visible.low;
-  const CGFloat distance = std::max(std::min(axis.titleOffset(), room - depth), clear);
-  title.center = layout.point(layout.along / 2,
-                              layout.line + static_cast<CGFloat>(side) * (distance + depth / 2));
-  layout.title = std::move(title);
+  const CGFloat distance =
+      std::max(std::min(axis.titleOffset(), roomBeside(layout, side, view) - depth), clear);
+  layout.title->center = layout.point(
+      layout.along / 2, layout.line + static_cast<CGFloat>(side) * (distance + depth / 2));
+}
+
+/// Places of ticks that the eye can tell apart: those with labels when all would be too many, or
+/// some of them when there are no labels.
+std::vector<CGFloat> apart(std::vector<CGFloat> places, const std::vector<CGFloat>& labelled,
+                           CGFloat extent) {
+  const auto most = static_cast<std::size_t>(tickRoom(extent));
+  if (places.size() <= most) return places;
+  if (!labelled.empty()) return labelled;
+  const std::size_t step = 1 + places.size() / most;
+  std::vector<CGFloat> some;
+  for (std::size_t i = 0; i < places.size(); i += step) some.push_back(places[i]);
+  return some;
 }
 
 /// Lines across the axis from one place across to another, one path for all.
@@ -332,10 +327,11 @@ std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea, con
 
   const AxisScale scale = axis.plotSpace()->scale(axis.coordinate(), layout.along);
   const Ticks ticks = visibleTicks(axis, layout.along);
-  layout.majorTicks = positionsInside(ticks.major, scale);
-  layout.minorTicks = positionsInside(ticks.minor, scale);
-  const CGFloat labelReach = placeLabels(axis, scale, ticks, view, layout);
-  placeTitle(axis, labelReach, view, layout);
+  makeTitle(axis, layout);
+  const PlacedLabels labels = placeLabels(axis, scale, ticks, view, layout);
+  placeTitle(axis, labels.reach, view, layout);
+  layout.majorTicks = apart(positionsInside(ticks.major, scale), labels.places, layout.along);
+  layout.minorTicks = apart(positionsInside(ticks.minor, scale), {}, layout.along);
   return layout;
 }
 

@@ -27,7 +27,7 @@ struct AxisLayout {
   CGFloat across = 0;
   /// The axis line's place across.
   CGFloat line = 0;
-  /// Ticks inside the plot area, along.
+  /// Ticks inside the plot area, along; no more than can be told apart.
   std::vector<CGFloat> majorTicks;
   std::vector<CGFloat> minorTicks;
   std::vector<Text> labels;
@@ -44,7 +44,8 @@ CGFloat pinnedLine(const CPTXYAxis& axis, CGSize plotArea);
 
 /// The axis with its line at a place across. Labels are centred on their ticks, but moved along as
 /// far as it takes to lie inside `view`, the part of the world around the plot area that can be
-/// seen. Those that would touch are left out evenly. A title longer than the axis is broken into
+/// seen. Those that would touch are left out evenly, and of ticks too many to be told apart those
+/// without labels. A title longer than the axis is broken into
 /// lines, and moved towards the labels where it would leave the view.
 ///
 /// Absent when the axis has no plot space, or the plot area no size.

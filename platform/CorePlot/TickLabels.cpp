@@ -19,9 +19,11 @@ constexpr std::size_t kLongestDecade = 5;
 constexpr double kZeroTolerance = 1e-9;
 // A label may differ from its tick by this part of the distance to the next.
 constexpr double kLabelTolerance = 0.01;
+// Smaller type than this part of the size that was asked for cannot be read.
+constexpr double kSmallestType = 0.7;
 constexpr int kMostDigits = std::numeric_limits<double>::max_digits10 - 1;
 
-constexpr const char* kTimesTen = "\u00a0\u00d7\u00a010";
+constexpr const char* kTimesTen = "\u00d710";
 constexpr const char* kMinus = "\u2212";
 
 /// The distance to the nearer neighbour; of a single tick its own size.
@@ -55,9 +57,8 @@ bool mislead(const std::vector<std::string>& texts, const std::vector<double>& t
   return false;
 }
 
-bool areUnreadable(const std::vector<std::string>& texts, const NSFormatter& formatter) {
-  return dynamic_cast<const NSNumberFormatter*>(&formatter) &&
-         std::any_of(texts.begin(), texts.end(),
+bool areLong(const std::vector<std::string>& texts) {
+  return std::any_of(texts.begin(), texts.end(),
                      [](const std::string& text) { return text.size() > kLongestDecade; });
 }
 
@@ -105,29 +106,63 @@ std::shared_ptr<CPTTextLayer> inPowersOfTen(const Scientific& number, const CPTT
   return std::make_shared<CPTTextLayer>(std::move(text));
 }
 
+using Labels = std::vector<std::shared_ptr<CPTTextLayer>>;
+
+Labels plainLabels(const std::vector<std::string>& texts, const CPTTextStyle& style) {
+  Labels labels;
+  for (const std::string& text : texts)
+    labels.push_back(text.empty() ? nullptr : std::make_shared<CPTTextLayer>(text, style));
+  return labels;
+}
+
+/// Of the ticks that have a text.
+Labels powersOfTen(const std::vector<double>& ticks, const std::vector<std::string>& texts,
+                   const CPTTextStyle& style, bool logarithmic) {
+  Labels labels(ticks.size());
+  for (std::size_t i = 0; i < ticks.size(); ++i) {
+    if (texts[i].empty()) continue;
+    const double closest = std::min(distanceToNeighbour(ticks, i), std::abs(ticks[i]));
+    labels[i] = ticks[i] == 0 ? std::make_shared<CPTTextLayer>("0", style)
+                              : inPowersOfTen(scientific(ticks[i], kLabelTolerance * closest),
+                                              style, logarithmic);
+  }
+  return labels;
+}
+
+CGFloat widest(const Labels& labels) {
+  CGFloat width = 0;
+  for (const auto& label : labels)
+    if (label) width = std::max(width, label->frame().size.width);
+  return width;
+}
+
 }  // namespace
 
-std::vector<std::shared_ptr<CPTTextLayer>> tickLabels(const std::vector<double>& ticks,
-                                                      const NSFormatter& formatter,
-                                                      const CPTTextStyle& style, bool logarithmic) {
+Labels tickLabels(const std::vector<double>& ticks, const NSFormatter& formatter,
+                  const CPTTextStyle& style, bool logarithmic, CGFloat room) {
   std::vector<std::string> texts;
   for (const double tick : ticks) texts.push_back(formatter.string(tick));
   const std::vector<double> numbers = logarithmic ? ticks : cleaned(ticks);
-  const bool asPowers = mislead(texts, numbers) || (logarithmic && areUnreadable(texts, formatter));
+  const bool areNumbers = dynamic_cast<const NSNumberFormatter*>(&formatter) != nullptr;
+  bool asPowers = mislead(texts, numbers) || (logarithmic && areNumbers && areLong(texts));
+  const auto labelsIn = [&](const CPTTextStyle& type) {
+    return asPowers ? powersOfTen(numbers, texts, type, logarithmic) : plainLabels(texts, type);
+  };
 
-  std::vector<std::shared_ptr<CPTTextLayer>> labels(ticks.size());
-  for (std::size_t i = 0; i < ticks.size(); ++i) {
-    if (texts[i].empty()) continue;
-    const double number = numbers[i];
-    const double closest = std::min(distanceToNeighbour(numbers, i), std::abs(number));
-    if (!asPowers)
-      labels[i] = std::make_shared<CPTTextLayer>(texts[i], style);
-    else if (number == 0)
-      labels[i] = std::make_shared<CPTTextLayer>("0", style);
+  Labels labels = labelsIn(style);
+  if (areNumbers && !asPowers && kSmallestType * widest(labels) > room) {
+    asPowers = true;
+    if (Labels powers = labelsIn(style); kSmallestType * widest(powers) <= room)
+      labels = std::move(powers);
     else
-      labels[i] = inPowersOfTen(scientific(number, kLabelTolerance * closest), style, logarithmic);
+      asPowers = false;
   }
-  return labels;
+  const CGFloat width = widest(labels);
+  if (width <= room || kSmallestType * width > room) return labels;
+  constexpr CGFloat kPaddings = 2 * CPTTextLayer::kDefaultPadding;
+  CPTTextStyle smaller = style;
+  smaller.fontSize *= (room - kPaddings) / (width - kPaddings);
+  return labelsIn(smaller);
 }
 
 }  // namespace vexel

@@ -15,8 +15,12 @@ namespace vexel {
 /// are in scientific notation instead, each with as many digits as tell it from its neighbours. On
 /// a logarithmic axis that is the power of ten alone for decades, and it takes the place of a
 /// number formatter's texts of more than five characters as well.
+///
+/// Labels wider than `room` points are set in smaller type, as long as it can be read; numbers that
+/// would still be wider are in scientific notation, too.
 std::vector<std::shared_ptr<CPTTextLayer>> tickLabels(const std::vector<double>& ticks,
                                                       const NSFormatter& formatter,
-                                                      const CPTTextStyle& style, bool logarithmic);
+                                                      const CPTTextStyle& style, bool logarithmic,
+                                                      CGFloat room);
 
 }  // namespace vexel

@@ -130,9 +130,9 @@ TEST_F(AxisLayoutTest, ThousandsOfProvidedTicksAreLabelledWhereThereIsRoom) {
   axis.setLabelingPolicy(CPTAxisLabelingPolicy::locationsProvided);
   axis.setMajorTickLocations(ticks);
   const AxisLayout placed = layout();
-  EXPECT_EQ(placed.majorTicks.size(), 100001u);
   EXPECT_LE(placed.labels.size(), 40u);
   EXPECT_GE(placed.labels.size(), 5u);
+  EXPECT_EQ(placed.majorTicks.size(), placed.labels.size());
 }
 
 TEST_F(AxisLayoutTest, HandMadeLabelsWithoutAPlaceAreNotDrawn) {
@@ -282,6 +282,27 @@ TEST_F(AxisLayoutTest, ATickThatIsOutsideByLessThanTheEyeSeesShowsAtTheEdge) {
   EXPECT_THAT(texts(layout()), ElementsAre("b", "c"));
 }
 
+TEST_F(AxisLayoutTest, OfTicksTooManyToBeToldApartThoseWithLabelsShow) {
+  space->setXRange({1700, 300});
+  axis.setLabelingPolicy(CPTAxisLabelingPolicy::none);
+  std::set<double> ticks;
+  std::vector<std::shared_ptr<CPTAxisLabel>> years;
+  for (int year = 1700; year <= 2000; ++year) {
+    ticks.insert(year);
+    years.push_back(label(std::to_string(year), year));
+  }
+  axis.setMajorTickLocations(ticks);
+  axis.setMinorTickLocations(ticks);
+  EXPECT_LE(layout().majorTicks.size(), 136u);
+  EXPECT_GE(layout().majorTicks.size(), 100u);
+  axis.setAxisLabels(years);
+  EXPECT_THAT(texts(layout()), ElementsAre("1700", "1725", "1750", "1775", "1800", "1825", "1850",
+                                           "1875", "1900", "1925", "1950", "1975", "2000"));
+  EXPECT_EQ(layout().majorTicks.size(), 13u);
+  EXPECT_LE(layout().minorTicks.size(), 136u);
+  EXPECT_EQ(axis.majorTickLocations().size(), 301u);
+}
+
 // Labels
 
 TEST_F(AxisLayoutTest, HandMadeLabelsAreSilencedByAFormatterThatPrintsNothing) {
@@ -346,7 +367,7 @@ TEST_F(AxisLayoutTest, OnALogScaleLabelsBetweenTheDecadesAreTheFirstToGo) {
   space->setXRange({1e-7, 1e8});
   EXPECT_EQ(layout({800, 300}).labels.size(), 16u);
   const auto few = texts(layout({200, 300}));
-  EXPECT_THAT(few, ElementsAre("10−6", "10−3", "100", "103", "106"));
+  EXPECT_THAT(few, ElementsAre("10\u22124", "100", "104", "108"));
 }
 
 TEST_F(AxisLayoutTest, WithoutAFormatterOrWithOneThatPrintsNothingThereAreNoLabels) {

@@ -17,6 +17,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 const CPTTextStyle kStyle{.fontSize = 14, .color = CPTColor::redColor()};
 
 std::shared_ptr<NSNumberFormatter> digits(int fraction) {
@@ -39,15 +40,15 @@ std::string readable(const CPTTextLayer& layer) {
     for (auto at = text.find(from); at != std::string::npos; at = text.find(from))
       text.replace(at, from.size(), to);
   };
-  replace("\u00a0\u00d7\u00a0", "x");
+  replace("\u00d7", "x");
   replace("\u2212", "-");
   return text;
 }
 
 std::vector<std::string> labels(const std::vector<double>& ticks, const NSFormatter& formatter,
-                                bool logarithmic = false) {
+                                bool logarithmic = false, CGFloat room = kInfinity) {
   std::vector<std::string> result;
-  for (const auto& layer : tickLabels(ticks, formatter, kStyle, logarithmic))
+  for (const auto& layer : tickLabels(ticks, formatter, kStyle, logarithmic, room))
     result.push_back(layer ? readable(*layer) : "");
   return result;
 }
@@ -57,7 +58,7 @@ TEST(TickLabels, OfNoTicksAreNone) {
 }
 
 TEST(TickLabels, AreWhatTheFormatterWritesInTheStyleOfTheAxis) {
-  const auto layers = tickLabels({-0.5, 0, 0.5}, *digits(1), kStyle, false);
+  const auto layers = tickLabels({-0.5, 0, 0.5}, *digits(1), kStyle, false, kInfinity);
   ASSERT_EQ(layers.size(), 3u);
   EXPECT_EQ(layers[0]->text(), "-0.5");
   EXPECT_EQ(layers[1]->text(), "0.0");
@@ -137,8 +138,8 @@ TEST(TickLabels, OfLogarithmicAxesArePowersOfTenWhereNumbersWouldBeLong) {
 }
 
 TEST(TickLabels, AreAttributedTextInTheStyleOfTheAxis) {
-  const auto layer = tickLabels({2.5e-3}, *digits(1), kStyle, false).at(0);
-  EXPECT_EQ(layer->text(), "2.5\u00a0\u00d7\u00a010\u22123");
+  const auto layer = tickLabels({2.5e-3}, *digits(1), kStyle, false, kInfinity).at(0);
+  EXPECT_EQ(layer->text(), "2.5\u00d710\u22123");
   const auto& runs = layer->attributedText()->runs();
   ASSERT_EQ(runs.size(), 2u);
   for (const auto& run : runs) {
@@ -149,6 +150,38 @@ TEST(TickLabels, AreAttributedTextInTheStyleOfTheAxis) {
   EXPECT_EQ(runs[0].attributes.superscript, 0);
   EXPECT_EQ(runs[1].attributes.superscript, 1);
   EXPECT_EQ(runs[1].text, "\u22123");
+}
+
+CGFloat widest(const std::vector<std::shared_ptr<CPTTextLayer>>& layers) {
+  CGFloat width = 0;
+  for (const auto& layer : layers) width = std::max(width, layer->frame().size.width);
+  return width;
+}
+
+TEST(TickLabels, ThatAreTooWideAreSmaller) {
+  const std::vector<double> ticks = {0, 1000000, 2000000};
+  const CGFloat full = widest(tickLabels(ticks, *digits(0), kStyle, false, kInfinity));
+  for (const double part : {0.99, 0.85, 0.71}) {
+    const auto layers = tickLabels(ticks, *digits(0), kStyle, false, part * full);
+    EXPECT_EQ(layers[2]->text(), "2000000");
+    EXPECT_NEAR(widest(layers), part * full, 0.5);
+    EXPECT_EQ(layers[0]->textStyle(), layers[2]->textStyle());
+  }
+}
+
+TEST(TickLabels, ThatAreFarTooWideAreShortenedWhereThatHelps) {
+  const std::vector<double> ticks = {0, 1e12, 2e12};
+  EXPECT_THAT(labels(ticks, *digits(0), false, 47), ElementsAre("0", "1x10^12", "2x10^12"));
+  EXPECT_LE(widest(tickLabels(ticks, *digits(0), kStyle, false, 40)), 40.5);
+  EXPECT_THAT(labels(ticks, *digits(0), false, 10),
+              ElementsAre("0", "1000000000000", "2000000000000"));
+  class Words : public NSFormatter {
+    std::string string(double value) const override {
+      return "a number of about " + std::to_string(static_cast<int>(value / 1e12));
+    }
+  };
+  EXPECT_THAT(labels({1e12, 2e12}, Words(), false, 47),
+              ElementsAre("a number of about 1", "a number of about 2"));
 }
 
 RC_GTEST_PROP(TickLabelsProperties, OfEvenTicksAreAllDifferentAndClose, ()) {

@@ -1,0 +1,91 @@
+#include "LabelChoice.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace vexel {
+
+namespace {
+
+constexpr double kTolerance = 1e-6;
+
+using Labels = std::vector<LabelStretch>;
+using Indices = std::vector<std::size_t>;
+
+bool isWhole(double number) {
+  return std::abs(number - std::round(number)) < kTolerance;
+}
+
+/// 1, 2, 2.5, 4 or 5 times a power of ten.
+bool isRound(double number) {
+  const double leading = number / std::pow(10, std::floor(std::log10(number) + kTolerance));
+  for (const double digit : {1.0, 2.0, 2.5, 4.0, 5.0})
+    if (std::abs(leading / digit - 1) < kTolerance) return true;
+  return false;
+}
+
+/// Every step-th of some labels.
+class Selection {
+ public:
+  Selection(const Labels& labels, const Indices& candidates, std::size_t step)
+      : labels_(labels), candidates_(candidates), step_(step) {
+    if (candidates.size() > 1) distance_ = number(1) - number(0);
+    const std::size_t end = std::min(step, candidates.size());
+    for (std::size_t i = 0; i < end && distance_ > 0; ++i)
+      if (isWhole(number(i) / (distance_ * static_cast<double>(step)))) {
+        first_ = i;
+        break;
+      }
+  }
+
+  /// Round where the labels are, as far as they are numbers.
+  bool isSuitable() const {
+    return !(distance_ > 0) || !isRound(distance_) ||
+           isRound(distance_ * static_cast<double>(step_));
+  }
+
+  bool fits(CGFloat gap) const {
+    for (std::size_t i = first_ + step_; i < candidates_.size(); i += step_) {
+      const LabelStretch& a = labels_[candidates_[i - step_]];
+      const LabelStretch& b = labels_[candidates_[i]];
+      if (std::max(a.low, b.low) - std::min(a.high, b.high) < gap) return false;
+    }
+    return true;
+  }
+
+  Indices indices() const {
+    Indices result;
+    for (std::size_t i = first_; i < candidates_.size(); i += step_)
+      result.push_back(candidates_[i]);
+    return result;
+  }
+
+ private:
+  double number(std::size_t i) const { return labels_[candidates_[i]].number; }
+
+  const Labels& labels_;
+  const Indices& candidates_;
+  std::size_t step_;
+  std::size_t first_ = 0;
+  double distance_ = 0;
+};
+
+}  // namespace
+
+Indices chooseLabels(const Labels& labels, CGFloat gap, bool logarithmic) {
+  Indices candidates(labels.size());
+  std::iota(candidates.begin(), candidates.end(), std::size_t{0});
+  if (Selection(labels, candidates, 1).fits(gap)) return candidates;
+
+  const auto isBetween = [&](std::size_t i) { return !isWhole(labels[i].number); };
+  if (logarithmic && !std::all_of(candidates.begin(), candidates.end(), isBetween))
+    std::erase_if(candidates, isBetween);
+  for (std::size_t step = 1; step < candidates.size(); ++step) {
+    const Selection selection(labels, candidates, step);
+    if (selection.isSuitable() && selection.fits(gap)) return selection.indices();
+  }
+  return {Selection(labels, candidates, candidates.size()).indices().front()};
+}
+
+}  // namespace vexel
