@@ -1,33 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <new>
-
+#include "Vexel/LargestBlock.h"
 #include "Vexel/SeriesExamples.h"
 #include "Vexel/TestPlot.h"
 #include "platform/CocoaLumberjack/LogFixture.h"
-
-namespace {
-
-// Size of the largest block of memory asked for.
-thread_local std::size_t largestBlock = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  largestBlock = std::max(largestBlock, size);
-  if (void* block = std::malloc(size)) return block;
-  throw std::bad_alloc();
-}
-
-void operator delete(void* block) noexcept {
-  std::free(block);
-}
-
-void operator delete(void* block, std::size_t) noexcept {
-  std::free(block);
-}
 
 namespace vexel {
 namespace {
@@ -41,9 +17,9 @@ class SeriesLog : public LogFixture {
     auto arguments = cptLine(std::make_shared<CPTXYGraph>());
     arguments.identifiedBy = identifier;
     TestPlot plot;
-    largestBlock = 0;
+    largestBlock() = 0;
     plot.addPlot(arguments);
-    return largestBlock > identifier.size() + 1;
+    return largestBlock() > identifier.size() + 1;
   }
 };
 
