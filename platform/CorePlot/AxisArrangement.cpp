@@ -120,10 +120,11 @@ class Arranger {
       for (std::size_t j = 0; j < vertical.labels.size(); ++j) {
         const CGRect h = horizontal.labels[i].box();
         const CGRect v = vertical.labels[j].box();
-        const CGSize common = h.intersection(v).size;
-        if (!(common.width > 0 && common.height > 0)) continue;
-        const CGFloat right = std::copysign(common.width + kCornerGap, h.midX() - v.midX());
-        const CGFloat up = std::copysign(common.height + kCornerGap, v.midY() - h.midY());
+        if (h.intersection(v).isEmpty()) continue;
+        const CGFloat right = h.midX() < v.midX() ? v.minX() - kCornerGap - h.maxX()
+                                                  : v.maxX() + kCornerGap - h.minX();
+        const CGFloat up = v.midY() < h.midY() ? h.minY() - kCornerGap - v.maxY()
+                                               : h.maxY() + kCornerGap - v.minY();
         const bool moved = std::abs(right) <= std::abs(up)
                                ? move(horizontal, i, right) || move(vertical, j, up)
                                : move(vertical, j, up) || move(horizontal, i, right);

@@ -20,6 +20,8 @@ constexpr CGFloat kClosestTicks = 3;
 // Clear space between two labels along the axis, and between labels and title.
 constexpr CGFloat kLabelGap = 4;
 constexpr CGFloat kTitleGap = 3;
+// Text that was made to fit may still be this much wider.
+constexpr CGFloat kRoundingOfWidths = 1;
 // A tick this far outside the plot area still shows, at its edge: no eye tells the places apart.
 constexpr CGFloat kEdgeTolerance = 0.5;
 
@@ -61,16 +63,29 @@ int tickRoom(CGFloat extent) {
   return 2 + static_cast<int>(std::clamp(extent / kClosestTicks, 0.0, 1e4));
 }
 
-/// Made for the ticks; at most `room` points wide if that can be.
+/// How much room labels have from the axis line outwards: beside the title, which can go without
+/// it rather than have numbers cut, and without it.
+struct LabelRoom {
+  CGFloat besideTitle = std::numeric_limits<CGFloat>::infinity();
+  CGFloat whole = std::numeric_limits<CGFloat>::infinity();
+};
+
+/// Made for the ticks.
 std::vector<std::shared_ptr<CPTAxisLabel>> madeLabels(const CPTAxis& axis, const Ticks& ticks,
-                                                      const AxisScale& scale, CGFloat room) {
+                                                      const AxisScale& scale, LabelRoom room) {
   const std::size_t step =
       1 + ticks.major.size() / static_cast<std::size_t>(tickRoom(scale.extent));
   std::vector<double> labelled;
   for (std::size_t i = 0; i < ticks.major.size(); i += step) labelled.push_back(ticks.major[i]);
-  const auto contents =
-      tickLabels(labelled, *axis.labelFormatter(), axis.labelTextStyle().value_or(CPTTextStyle{}),
-                 scale.logarithmic, room);
+  const auto contentsIn = [&](CGFloat width) {
+    return tickLabels(labelled, *axis.labelFormatter(),
+                      axis.labelTextStyle().value_or(CPTTextStyle{}), scale.logarithmic, width);
+  };
+  auto contents = contentsIn(room.besideTitle);
+  const bool fit = std::all_of(contents.begin(), contents.end(), [&](const auto& content) {
+    return !content || content->frame().size.width <= room.besideTitle + kRoundingOfWidths;
+  });
+  if (!fit) contents = contentsIn(room.whole);
   std::vector<std::shared_ptr<CPTAxisLabel>> labels;
   for (std::size_t i = 0; i < labelled.size(); ++i) {
     if (!contents[i]) continue;
@@ -96,14 +111,17 @@ std::vector<std::shared_ptr<CPTAxisLabel>> labelsByHand(const CPTAxis& axis) {
   return labels;
 }
 
-/// The number that a text is; NaN for anything else.
+/// The number that a text is, of a time of day its hours; NaN for anything else.
 double numberIn(const std::string& text) {
   const char* const end = text.data() + text.size();
   const char* const start = std::find_if(text.data(), end, [](char c) { return c != ' '; });
   double number = 0;
-  const auto result = std::from_chars(start, end, number);
-  return result.ec == std::errc{} && result.ptr == end ? number
-                                                       : std::numeric_limits<double>::quiet_NaN();
+  double minutes = 0;
+  auto [rest, error] = std::from_chars(start, end, number);
+  if (error == std::errc{} && rest != end && *rest == ':')
+    rest = std::from_chars(rest + 1, end, minutes).ptr;
+  if (error != std::errc{} || rest != end) return std::numeric_limits<double>::quiet_NaN();
+  return number + minutes / 60;
 }
 
 /// The least change that puts a stretch into the view, or into its middle when it is too long.
@@ -142,10 +160,11 @@ PlacedLabels placeLabels(const CPTXYAxis& axis, const AxisScale& scale, const Ti
   const CGFloat tickEnd = tickReach(axis, side);
   const bool byHand = axis.labelingPolicy() == CPTAxisLabelingPolicy::none;
   const bool isUpright = axis.labelRotation() == 0 && layout.coordinate == CPTCoordinate::Y;
-  CGFloat room = std::numeric_limits<CGFloat>::infinity();
+  LabelRoom room;
   if (isUpright) {
-    room = roomBeside(layout, side, view) - tickEnd - axis.labelOffset();
-    if (layout.title && titleSide(axis) == side) room -= kTitleGap + titleDepth(layout);
+    room.whole = roomBeside(layout, side, view) - tickEnd - axis.labelOffset();
+    room.besideTitle = room.whole;
+    if (layout.title && titleSide(axis) == side) room.besideTitle -= kTitleGap + titleDepth(layout);
   }
 
   std::vector<AxisLayout::Text> texts;

@@ -17,10 +17,10 @@ bool isWhole(double number) {
   return std::abs(number - std::round(number)) < kTolerance;
 }
 
-/// 1, 2, 2.5, 4 or 5 times a power of ten.
+/// 1, 2, 2.5 or 5 times a power of ten.
 bool isRound(double number) {
   const double leading = number / std::pow(10, std::floor(std::log10(number) + kTolerance));
-  for (const double digit : {1.0, 2.0, 2.5, 4.0, 5.0})
+  for (const double digit : {1.0, 2.0, 2.5, 5.0})
     if (std::abs(leading / digit - 1) < kTolerance) return true;
   return false;
 }
@@ -39,9 +39,9 @@ class Selection {
       }
   }
 
-  /// Round where the labels are, as far as they are numbers.
+  /// Round where the labels are, as far as they are numbers, or at least every other one.
   bool isSuitable() const {
-    return !(distance_ > 0) || !isRound(distance_) ||
+    return step_ == 2 || !(distance_ > 0) || !isRound(distance_) ||
            isRound(distance_ * static_cast<double>(step_));
   }
 

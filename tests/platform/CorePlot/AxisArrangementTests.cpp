@@ -217,6 +217,13 @@ TEST_F(AxisArrangementTest, ACornerIsClearedByTheShorterWay) {
   x->setLabelFormatter(whole);
   EXPECT_GT(texts(layoutOf(x), 0), 0);
   EXPECT_EQ(texts(layoutOf(y), 0), 0);
+  // A label that lies across the whole of the other one.
+  const auto words = std::make_shared<CPTAxisLabel>("2001-001 10:20:30");
+  x->setLabelingPolicy(CPTAxisLabelingPolicy::none);
+  x->setAxisLabels({words});
+  EXPECT_EQ(texts(layoutOf(x), 0), 0);
+  EXPECT_GT(texts(layoutOf(y), 0), 0);
+  expectNoTextOnAnother();
 }
 
 TEST_F(AxisArrangementTest, NoLineRunsThroughALabelOfAnotherAxis) {

@@ -359,6 +359,33 @@ TEST_F(AxisLayoutTest, LabelsThatAreLeftOutLeaveTheRoundOnes) {
   EXPECT_THAT(ends(13, 113, 10), ElementsAre("13.0", "33.0"));
 }
 
+TEST_F(AxisLayoutTest, TimesOfDayThatAreLeftOutLeaveTheFullHours) {
+  std::vector<std::shared_ptr<CPTAxisLabel>> times;
+  for (int i = 0; i < 8; ++i)
+    times.push_back(label(std::to_string(7 + (i + 1) / 4) + ":" + std::to_string((i + 1) % 4 * 15),
+                          0.01 + i * 0.25));
+  axis.setLabelingPolicy(CPTAxisLabelingPolicy::none);
+  axis.setAxisLabels(times);
+  space->setXRange({0, 2});
+  EXPECT_THAT(texts(layout({260, 300})).size(), 8u);
+  EXPECT_THAT(texts(layout({180, 300})), ElementsAre("7:30", "8:0", "8:30", "9:0"));
+  EXPECT_THAT(texts(layout({80, 300})), ElementsAre("8:0", "9:0"));
+}
+
+TEST_F(AxisLayoutTest, NumbersAreRatherWholeThanTheTitle) {
+  axis.setCoordinate(CPTCoordinate::Y);
+  axis.setTitle("title");
+  space->setYRange({0, 3e12});
+  axis.setMajorIntervalLength(1e12);
+  view = CGRect::make(-85, -50, 600, 500);
+  EXPECT_THAT(texts(layout()).back(), "3\u00d71012");
+  view = CGRect::make(-60, -50, 600, 500);
+  EXPECT_GE(box(layout().labels.back()).minX(), -60);
+  axis.setTitle(std::nullopt);
+  view = CGRect::make(-150, -50, 600, 500);
+  EXPECT_THAT(texts(layout()).back(), "3000000000000.0");
+}
+
 TEST_F(AxisLayoutTest, OnALogScaleLabelsBetweenTheDecadesAreTheFirstToGo) {
   space->setXScaleType(CPTScaleType::log);
   space->setXRange({2, 58});
@@ -367,7 +394,7 @@ TEST_F(AxisLayoutTest, OnALogScaleLabelsBetweenTheDecadesAreTheFirstToGo) {
   space->setXRange({1e-7, 1e8});
   EXPECT_EQ(layout({800, 300}).labels.size(), 16u);
   const auto few = texts(layout({200, 300}));
-  EXPECT_THAT(few, ElementsAre("10\u22124", "100", "104", "108"));
+  EXPECT_THAT(few, ElementsAre("10\u22125", "100", "105"));
 }
 
 TEST_F(AxisLayoutTest, WithoutAFormatterOrWithOneThatPrintsNothingThereAreNoLabels) {

@@ -52,9 +52,11 @@ TEST(LabelChoice, KeepsOneWhereNoTwoFit) {
 
 TEST(LabelChoice, KeepsRoundNumbers) {
   EXPECT_THAT(chosen({1, 2, 3, 4, 5}, 15), ElementsAre(2, 4));
-  EXPECT_THAT(chosen({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 25), ElementsAre(0, 4, 8));
+  EXPECT_THAT(chosen({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 25), ElementsAre(0, 5, 10));
   EXPECT_THAT(chosen({-3, -2, -1, 0, 1, 2, 3}, 15), ElementsAre(-2, 0, 2));
   EXPECT_THAT(chosen({0.25, 0.5, 0.75, 1, 1.25}, 15), ElementsAre(0.5, 1));
+  EXPECT_THAT(chosen({20, 40, 60, 80, 100}, 15), ElementsAre(40, 80));
+  EXPECT_THAT(chosen({7.25, 7.5, 7.75, 8, 8.25, 8.5, 8.75, 9}, 25), ElementsAre(8, 9));
   EXPECT_THAT(chosen({25, 50, 75, 100, 125, 150, 175}, 25), ElementsAre(100));
   EXPECT_THAT(chosen({1727, 1728, 1729, 1730, 1731, 1732, 1733, 1734, 1735}, 45),
               ElementsAre(1730, 1735));
@@ -71,6 +73,7 @@ TEST(LabelChoice, OnLogScalesDropsWhatLiesBetweenDecadesFirst) {
   EXPECT_THAT(chosen(exponents, 15, 0, true), ElementsAre(0, 1, 2));
   EXPECT_THAT(chosen({0.30103, 0.69897}, 15, 0, true).size(), 1u);
   EXPECT_THAT(chosen({-3, -2, -1, 0, 1, 2, 3}, 25, 0, true), ElementsAre(0));
+  EXPECT_THAT(chosen({-7, -6, -5, -4, -3, -2, -1, 0}, 25, 0, true), ElementsAre(-5, 0));
   EXPECT_THAT(chosen({-3, -2, -1, 0, 1, 2, 3}, 15, 0, true), ElementsAre(-2, 0, 2));
 }
 
