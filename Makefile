@@ -17,7 +17,11 @@ demo: build/release/build.ninja
 	@mkdir -p build/demo
 	@for theme in black white print; do for type in png pdf svg; do \
 	  $(EXPLORER) --theme $$theme --size 800x500 --scale 2 \
-	    --export build/demo/impact-explorer-$$theme.$$type || exit; done; done
+	    --export build/demo/impact-explorer-$$theme.$$type && \
+	  $(EXPLORER) --figure color --theme $$theme --size 800x500 --scale 2 \
+	    --export build/demo/impact-speed-$$theme.$$type || exit; done; done
+	@$(EXPLORER) --figure tables --size 800x680 --scale 2 \
+	  --export build/demo/colour-tables.png --export build/demo/colour-tables.pdf
 	@echo "The figures are in $(CURDIR)/build/demo:"
 	@ls build/demo
 

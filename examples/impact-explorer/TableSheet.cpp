@@ -16,6 +16,7 @@ constexpr CGFloat kStripShare = 0.8;
 // In points, unless rows are too low for it.
 constexpr CGFloat kLargestFont = 13;
 constexpr CGFloat kFontShare = 0.6;
+constexpr CGFloat kOutlineWidth = 0.5;
 
 struct Row {
   std::string name;
@@ -67,8 +68,12 @@ void TableSheet::draw(CGContext& context, CGRect) {
     const CGText text{{{name, font, theme_.plotColor().cgColor()}}};
     context.drawText(text, {area.minX(), middle - context.measure(text).height / 2});
     const CGFloat left = area.minX() + kNameWidth;
-    context.drawImage(*strip(table), CGRect::make(left, middle - kStripShare * height / 2,
-                                                  area.maxX() - left, kStripShare * height));
+    const CGRect box = CGRect::make(left, middle - kStripShare * height / 2, area.maxX() - left,
+                                    kStripShare * height);
+    context.drawImage(*strip(table), box);
+    CGMutablePath outline;
+    outline.addRect(box);
+    context.stroke(outline, {.color = theme_.labelColor().cgColor(), .width = kOutlineWidth});
     top -= height;
   }
 }

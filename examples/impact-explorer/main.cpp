@@ -8,10 +8,13 @@
 #include <Vexel/PlotView.h>
 #include <CLI/CLI.hpp>
 
+#include "ColorFigure.h"
+#include "ColoredSeries.h"
 #include "CsvReader.h"
 #include "Highlights.h"
 #include "ImpactFigure.h"
 #include "InputError.h"
+#include "TableSheet.h"
 #include "TimeColumn.h"
 
 namespace {
@@ -25,6 +28,8 @@ struct Options {
   std::optional<std::string> file;
   std::optional<std::string> timeName;
   std::vector<std::string> valueNames;
+  std::string figure = "bands";
+  std::optional<std::string> colorName;
   std::vector<std::string> exports;
   vexel::CGSize size{960, 720};
   double scale = 1;
@@ -57,6 +62,11 @@ std::optional<int> parse(int argc, char** argv, Options& options) {
   app.add_option("file", options.file, "CSV file with a header line; without it a sample is drawn");
   app.add_option("--x", options.timeName, "column of Julian days; found by its name if not given");
   app.add_option("--y", options.valueNames, "column of a band; once per band");
+  app.add_option("--figure", options.figure,
+                 "bands over time, one quantity coloured by another, or all colour tables")
+      ->capture_default_str()
+      ->check(CLI::IsMember({"bands", "color", "tables"}));
+  app.add_option("--color", options.colorName, "column that colours the figure \"color\"");
   app.add_option("--export", options.exports, "figure to write: .png, .pdf or .svg")->required();
   app.add_option("--size", size, "size of the figure in points")->capture_default_str();
   app.add_option("--scale", options.scale, "pixels per point of a .png")
@@ -85,24 +95,63 @@ std::optional<int> parse(int argc, char** argv, Options& options) {
   return std::nullopt;
 }
 
-struct Content {
-  std::vector<Band> bands;
-  std::optional<Highlights> highlights;
+/// What the figure shows: a file, or the sample.
+struct Source {
+  std::string name;
+  Table table;
+  std::optional<ImpactSample> sample;
 };
 
-Content load(const Options& options) {
+Source load(const Options& options) {
   if (!options.file) {
-    const ImpactSample sample = impactSample();
-    const std::size_t time = timeColumn(sample.table, options.timeName, kSampleName);
-    Content content{bandsOf(sample, time, options.valueNames, kSampleName), std::nullopt};
-    // Another quantity may stand in for the time, and then there are no days to point out.
-    if (!options.timeName) content.highlights = highlightsOf(sample, content.bands.front());
-    return content;
+    ImpactSample sample = impactSample();
+    return {kSampleName, sample.table, std::move(sample)};
   }
-  const CsvContent csv = readCsv(*options.file);
+  CsvContent csv = readCsv(*options.file);
   for (const std::string& warning : csv.report.warnings()) complain(warning);
-  const std::size_t time = timeColumn(csv.table, options.timeName, *options.file);
-  return {bandsOf(csv.table, time, options.valueNames, *options.file), std::nullopt};
+  return {*options.file, std::move(csv.table), std::nullopt};
+}
+
+std::unique_ptr<vexel::Vexel> bandFigure(const std::shared_ptr<vexel::NSView>& view,
+                                         const Options& options, const Source& source) {
+  const std::size_t time = timeColumn(source.table, options.timeName, source.name);
+  if (!source.sample)
+    return vexel::makePlot<ImpactFigure>(
+        view, options.theme, bandsOf(source.table, time, options.valueNames, source.name));
+  auto bands = bandsOf(*source.sample, time, options.valueNames, source.name);
+  // Another quantity may stand in for the time, and then there are no days to point out.
+  std::optional<Highlights> highlights;
+  if (!options.timeName) highlights = highlightsOf(*source.sample, bands.front());
+  return vexel::makePlot<ImpactFigure>(view, options.theme, std::move(bands),
+                                       std::move(highlights));
+}
+
+std::unique_ptr<vexel::Vexel> colorFigure(const std::shared_ptr<vexel::NSView>& view,
+                                          const Options& options, const Source& source) {
+  const std::size_t time = timeColumn(source.table, options.timeName, source.name);
+  std::optional<std::string> value;
+  if (!options.valueNames.empty()) value = options.valueNames.front();
+  ColoredSeries series = coloredSeries(source.table, time, value, options.colorName, source.name);
+  return vexel::makePlot<ColorFigure>(view, options.theme, std::move(series.band),
+                                      std::move(series.coding));
+}
+
+void exportTo(const std::vector<std::string>& files, vexel::NSView& view, double scale) {
+  for (const std::string& file : files) vexel::exportFigure(view, file, scale);
+}
+
+void drawFigure(const Options& options) {
+  if (options.figure == "tables") {
+    const auto sheet = std::make_shared<TableSheet>(vexel::CGRect{{}, options.size}, options.theme);
+    exportTo(options.exports, *sheet, options.scale);
+    return;
+  }
+  const auto view = std::make_shared<vexel::PlotView>(vexel::CGRect{{}, options.size});
+  const Source source = load(options);
+  const auto figure = options.figure == "color" ? colorFigure(view, options, source)
+                                                : bandFigure(view, options, source);
+  figure->show();
+  exportTo(options.exports, *view, options.scale);
 }
 
 }  // namespace
@@ -111,12 +160,7 @@ int main(int argc, char** argv) {
   Options options;
   if (const auto exitCode = parse(argc, argv, options)) return *exitCode;
   try {
-    const auto view = std::make_shared<vexel::PlotView>(vexel::CGRect{{}, options.size});
-    Content content = load(options);
-    const auto figure = vexel::makePlot<ImpactFigure>(view, options.theme, std::move(content.bands),
-                                                      std::move(content.highlights));
-    figure->show();
-    for (const std::string& file : options.exports) vexel::exportFigure(*view, file, options.scale);
+    drawFigure(options);
   } catch (const InputError& error) {
     complain(error.what());
     return kFailure;

@@ -74,6 +74,9 @@ fails 'figure.png' good.csv --export figure.png --size 32767x32767 --scale 4
 fails '--scale' good.csv --export figure.png --scale 0
 fails '--theme' good.csv --export figure.png --theme pink
 fails '--what' good.csv --export figure.png --what
+fails 'two columns' good.csv --export figure.png --figure color
+fails 'Speed' good.csv --export figure.png --figure color --color Speed
+fails '--figure' good.csv --export figure.png --figure pie
 
 for theme in black white print; do
   works good.csv --theme "$theme" --size 300x200 \
@@ -96,6 +99,15 @@ works good.csv --size 300x200 --scale 2 --export twice.png
 
 works good.csv --x 'julian DATE' --y Charge --y Charge --export chosen.svg
 works far.csv --export far.png
+
+printf 'Julian date,Charge,Speed\n2459000.5,1,-3\n2459001.5,2.5,nan\n2459002.5,4,9\n' >three.csv
+for type in png pdf svg; do
+  works three.csv --figure color --export "color.$type"
+  works --figure tables --size 400x300 --export "tables.$type"
+done
+works three.csv --figure color --y speed --color charge --export other.png
+cmp -s color.png other.png && complain 'another colour looks the same'
+works far.csv --figure color --color 'Julian date' --export far.png
 
 works ragged.csv --export ragged.png
 [[ $(grep -c 'ragged.csv' stderr) -ge 2 ]] || complain "ragged rows: $(cat stderr)"
