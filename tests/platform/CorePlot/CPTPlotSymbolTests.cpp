@@ -75,13 +75,13 @@ TEST(CPTPlotSymbol, WithoutCentresOrWithoutAnyStyleNothingIsDrawn) {
 
 TEST(CPTPlotSymbol, ANewSymbolHasNoShapeFivePointsSizeAndABlackLineWithoutFill) {
   const CPTPlotSymbol fresh;
-  EXPECT_EQ(fresh, CPTPlotSymbol::plotSymbol());
+  EXPECT_EQ(CPTPlotSymbol::plotSymbol().symbolType(), Type::none);
   EXPECT_EQ(fresh.symbolType(), Type::none);
   EXPECT_EQ(fresh.size(), (CGSize{5, 5}));
   EXPECT_EQ(fresh.lineStyle(), CPTLineStyle{});
-  EXPECT_EQ(fresh.fill(), std::nullopt);
+  EXPECT_FALSE(fresh.fill());
   EXPECT_EQ(fresh.anchorPoint(), (CGPoint{0.5, 0.5}));
-  EXPECT_EQ(fresh.customSymbolPath(), std::nullopt);
+  EXPECT_FALSE(fresh.customSymbolPath());
   EXPECT_EQ(drawn(fresh), "");
 }
 
@@ -135,8 +135,9 @@ TEST(CPTPlotSymbol, ShapesKeepToTheirBoxAroundTheDataPoint) {
 
 TEST(CPTPlotSymbol, ShapesHaveTheirCorners) {
   const auto lines = [](Type type) {
+    const CGPath path = symbol(type).path();
     std::size_t count = 0;
-    for (const CGPathElement& element : symbol(type).path().elements())
+    for (const CGPathElement& element : path.elements())
       count += element.type == CGPathElement::Type::line;
     return count;
   };
