@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 
-
 namespace vexel {
 
 CairoSurfaceHandle cairoImage(const CGImage& image, std::size_t repeatX, std::size_t repeatY) {

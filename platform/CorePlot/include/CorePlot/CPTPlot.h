@@ -103,7 +103,6 @@ class CPTPlot : public CPTLayer {
   /// more than kMostLabels.
   void drawLabelsAt(CGContext& context, std::span<const LabelPlace> places) const;
 
-
  private:
   /// The label of a record whose value is `value`; null when it has none.
   std::shared_ptr<CPTTextLayer> label(std::size_t record, double value) const;
