@@ -42,10 +42,13 @@ void CPTBorderedLayer::drawFill(CGContext& context) const {
 }
 
 void CPTBorderedLayer::drawBorder(CGContext& context) const {
+  if (borderLineStyle_) strokeBorder(context, borderLineStyle_->lineWidth / 2);
+}
+
+void CPTBorderedLayer::strokeBorder(CGContext& context, CGFloat inset) const {
   if (!borderLineStyle_ || bounds().isEmpty()) return;
   CGStrokeStyle style = borderLineStyle_->strokeStyle();
   if (!(style.width > 0 && std::isfinite(style.width))) return;
-  const CGFloat inset = style.width / 2;
   const bool isRound = cornerRadius_ > inset;
   CGMutablePath border;
   border.addRoundedRect(bounds().insetBy(inset, inset), isRound ? cornerRadius_ - inset : 0);

@@ -24,6 +24,15 @@ void CPTPlotAreaFrame::draw(CGContext& context) {
   area->display(context);
 }
 
+void CPTPlotAreaFrame::drawBorder(CGContext& context) const {
+  if (!borderLineStyle()) return;
+  const CGFloat width = borderLineStyle()->lineWidth;
+  const CGRect outer = frame().insetBy(-width, -width);
+  const CGRect room = superlayer() ? superlayer()->bounds() : CGRect{};
+  const bool hasRoom = room.contains(outer.origin) && room.contains({outer.maxX(), outer.maxY()});
+  strokeBorder(context, hasRoom ? 0 : width / 2);
+}
+
 void CPTPlotAreaFrame::layoutSublayers() {
   if (plotArea_) plotArea_->setFrame(paddedBounds());
 }

@@ -226,6 +226,18 @@ TEST(CPTGraph, AxesAreCutAtTheFramesBorderOnlyWhenItMasks) {
   EXPECT_THAT(recorded(*graph), Not(HasSubstr(frameClip)));
 }
 
+TEST(CPTGraph, TheBorderOfTheFrameLiesWhereAxisLinesDoOrInsideWhereThereIsNoRoom) {
+  const auto graph = std::make_shared<CPTXYGraph>(CGRect::make(0, 0, 100, 100));
+  graph->setAxisSet(nullptr);
+  graph->plotAreaFrame()->setBorderLineStyle(CPTLineStyle{});
+  EXPECT_THAT(calls(recorded(*graph), {"stroke"}),
+              ElementsAre("stroke #000000 width 1 aligned: M 0 0 L 60 0 L 60 60 L 0 60 Z"));
+  graph->setPadding(0);
+  EXPECT_THAT(
+      calls(recorded(*graph), {"stroke"}),
+      ElementsAre("stroke #000000 width 1 aligned: M 0.5 0.5 L 99.5 0.5 L 99.5 99.5 L 0.5 99.5 Z"));
+}
+
 TEST(CPTGraph, HiddenPartsAreNotDrawn) {
   const auto graph = std::make_shared<CPTXYGraph>(CGRect::make(0, 0, 200, 200));
   graph->applyTheme(CPTTheme::themeNamed(kCPTPlainWhiteTheme));

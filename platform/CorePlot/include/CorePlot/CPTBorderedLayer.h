@@ -32,11 +32,13 @@ class CPTBorderedLayer : public CPTLayer {
   /// Narrows the clip of a context in the layer's coordinates to what masksToBorder() leaves.
   void clipToBorder(CGContext& context) const;
   /// Draws the border alone, in the layer's coordinates.
-  void drawBorder(CGContext& context) const;
+  virtual void drawBorder(CGContext& context) const;
 
  protected:
   void draw(CGContext& context) override;
   void drawFill(CGContext& context) const;
+  /// Strokes the border with the middle of its line `inset` points inside the bounds.
+  void strokeBorder(CGContext& context, CGFloat inset) const;
 
  private:
   std::optional<CPTFill> fill_;

@@ -8,7 +8,8 @@ namespace vexel {
 
 /// Holds the plot area; its paddings are the room for tick labels and axis titles. Unless it
 /// masks to its border they may also lie outside. It draws its fill and the plot area's; its border
-/// is drawn above the grid.
+/// is drawn above the grid. Where the superlayer has room for it the middle of the border lies on
+/// the edges of the frame, as axis lines do at the edges of the plot area.
 class CPTPlotAreaFrame : public CPTBorderedLayer {
  public:
   CPTPlotAreaFrame();
@@ -16,6 +17,8 @@ class CPTPlotAreaFrame : public CPTBorderedLayer {
   const std::shared_ptr<CPTPlotArea>& plotArea() const { return plotArea_; }
   /// Null: the graph has no plot area and draws only its background.
   void setPlotArea(std::shared_ptr<CPTPlotArea> plotArea);
+
+  void drawBorder(CGContext& context) const override;
 
  protected:
   void draw(CGContext& context) override;
