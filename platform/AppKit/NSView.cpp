@@ -11,7 +11,7 @@
 namespace vexel {
 
 NSView::NSView(CGRect frame)
-    : frame_{acceptedPoint(frame.origin), acceptedSize(frame.size)}, dirtyRect_(bounds()) {}
+    : frame_{acceptedPoint(frame.origin), acceptedSize(frame.size)}, dirtyRects_{bounds()} {}
 
 NSView::~NSView() {
   // Subviews that outlive this view, or act in their own destruction, find no superview.

@@ -3,6 +3,8 @@
 
 #include <AppKit/NSView.h>
 
+#include "DirtyRects.h"
+
 namespace vexel {
 
 namespace {
@@ -35,7 +37,8 @@ void NSView::setHidden(bool hidden) {
 
 void NSView::setNeedsDisplay(bool needsDisplay) {
   needsDisplay_ = needsDisplay;
-  dirtyRect_ = needsDisplay ? bounds() : CGRect{};
+  dirtyRects_.clear();
+  if (needsDisplay) addDirtyRect(dirtyRects_, bounds());
 }
 
 void NSView::setNeedsDisplayInRect(CGRect rect) {
@@ -43,18 +46,21 @@ void NSView::setNeedsDisplayInRect(CGRect rect) {
   const CGRect part = rect.intersection(bounds());
   if (part.isEmpty()) return;
   needsDisplay_ = true;
-  dirtyRect_ = dirtyRect_.unionWith(part);
+  addDirtyRect(dirtyRects_, part);
 }
 
-/// The smallest rectangle around what is marked here and below and can be seen, in own
-/// coordinates.
-CGRect NSView::subtreeDirtyRect() const {
-  if (hidden_) return {};
-  CGRect dirty = dirtyRect_;
-  for (const auto& view : subviews_)
-    dirty =
-        dirty.unionWith(moved(view->subtreeDirtyRect(), view->frame_.origin - view->boundsOrigin_));
-  return dirty.intersection(bounds());
+/// Adds what is marked here and below and can be seen. `visible` is what superviews leave of the
+/// bounds; `offset` is added to what is in own coordinates.
+void NSView::addSubtreeDirtyRects(CGRect visible, CGPoint offset,
+                                  std::vector<CGRect>& rects) const {
+  if (hidden_) return;
+  for (const CGRect& dirty : dirtyRects_)
+    addDirtyRect(rects, moved(dirty.intersection(visible), offset));
+  for (const auto& view : subviews_) {
+    const CGPoint toHere = view->frame_.origin - view->boundsOrigin_;
+    view->addSubtreeDirtyRects(moved(visible, CGPoint{} - toHere).intersection(view->bounds()),
+                               offset + toHere, rects);
+  }
 }
 
 bool NSView::subtreeNeedsLayout() const {
@@ -64,7 +70,10 @@ bool NSView::subtreeNeedsLayout() const {
 }
 
 bool NSView::subtreeNeedsDisplay() const {
-  return subtreeNeedsLayout() || !subtreeDirtyRect().isEmpty();
+  if (subtreeNeedsLayout()) return true;
+  std::vector<CGRect> dirty;
+  addSubtreeDirtyRects(bounds(), {}, dirty);
+  return !dirty.empty();
 }
 
 void NSView::draw(CGContext&, CGRect) {}
@@ -86,7 +95,9 @@ void NSView::displayRect(CGRect rect, CGContext& context) {
 /// bottom-left corner.
 void NSView::drawSubtree(CGRect rect, CGRect visible, CGPoint offset, CGContext& context) {
   if (hidden_ || rect.isEmpty()) return;
-  if (covers(rect, dirtyRect_.intersection(visible))) setNeedsDisplay(false);
+  std::erase_if(dirtyRects_,
+                [&](const CGRect& dirty) { return covers(rect, dirty.intersection(visible)); });
+  if (dirtyRects_.empty()) needsDisplay_ = false;
 
   const CGSavedState state(context);
   const CGPoint origin = offset - boundsOrigin_;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "AcceptedGeometry.h"
+#include "DirtyRects.h"
 
 namespace vexel {
 
@@ -34,12 +35,16 @@ bool NSWindow::needsDisplay() const {
 }
 
 CGRect NSWindow::dirtyRect() {
-  const auto view = contentView_;
-  if (!view) return {};
-  view->layoutSubtreeIfNeeded();
-  const CGRect dirty = view->subtreeDirtyRect();
-  if (dirty.isEmpty()) return {};
-  return {view->convertPointToView(dirty.origin, nullptr), dirty.size};
+  return boundingRect(dirtyRects());
+}
+
+std::vector<CGRect> NSWindow::dirtyRects() {
+  std::vector<CGRect> rects;
+  if (const auto view = contentView_) {
+    view->layoutSubtreeIfNeeded();
+    view->addSubtreeDirtyRects(view->bounds(), view->convertPointToView({}, nullptr), rects);
+  }
+  return rects;
 }
 
 void NSWindow::display(CGContext& context) {

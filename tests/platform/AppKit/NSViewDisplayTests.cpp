@@ -11,6 +11,8 @@
 namespace vexel {
 namespace {
 
+using testing::ElementsAre;
+
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
@@ -120,7 +122,7 @@ TEST_F(NSViewDisplay, NothingIsMarkedAfterwards) {
   displayOnce(*host);
   EXPECT_FALSE(host->needsDisplay());
   EXPECT_FALSE(child->needsDisplay());
-  EXPECT_EQ(host->dirtyRect(), CGRect{});
+  EXPECT_TRUE(host->dirtyRects().empty());
   EXPECT_FALSE(host->subtreeNeedsDisplay());
 }
 
@@ -194,31 +196,39 @@ TEST_F(NSViewDisplay, MarksThePartInsideTheBounds) {
   for (const auto& [marked, dirty] : cases) {
     host->setNeedsDisplay(false);
     host->setNeedsDisplayInRect(marked);
-    EXPECT_EQ(host->dirtyRect(), dirty);
+    EXPECT_EQ(host->dirtyRects(), dirty.isEmpty() ? std::vector<CGRect>{} : std::vector{dirty});
     EXPECT_EQ(host->needsDisplay(), !dirty.isEmpty());
   }
 }
 
-TEST_F(NSViewDisplay, MarksAddUpToTheRectangleAroundThem) {
+TEST_F(NSViewDisplay, MarksFarApartStayApart) {
+  const CGRect first = CGRect::make(10, 10, 5, 5), second = CGRect::make(50, 30, 5, 5);
   host->setNeedsDisplay(false);
-  host->setNeedsDisplayInRect(CGRect::make(10, 10, 5, 5));
-  host->setNeedsDisplayInRect(CGRect::make(50, 30, 5, 5));
-  EXPECT_EQ(host->dirtyRect(), CGRect::make(10, 10, 45, 25));
+  host->setNeedsDisplayInRect(first);
+  host->setNeedsDisplayInRect(second);
+  EXPECT_THAT(host->dirtyRects(), ElementsAre(first, second));
+  CGNullContext context;
+  host->displayRect(second, context);
+  EXPECT_THAT(host->dirtyRects(), ElementsAre(first));
+  EXPECT_TRUE(host->needsDisplay());
+  host->displayRect(first, context);
+  EXPECT_FALSE(host->needsDisplay());
   host->setNeedsDisplay(true);
-  EXPECT_EQ(host->dirtyRect(), host->bounds());
+  EXPECT_THAT(host->dirtyRects(), ElementsAre(host->bounds()));
 }
 
 struct ChangeCase {
   const char* what;
   std::function<void(NSView& host, NSView& child)> change;
-  CGRect hostDirty;
+  std::vector<CGRect> hostDirty;
   bool childNeedsDisplay;
 };
 
 TEST_F(NSViewDisplay, ChangesMarkTheSmallestPartThatLooksDifferent) {
   const auto other = std::make_shared<NSView>(CGRect::make(0, 0, 7, 7));
-  const CGRect none;
+  const std::vector<CGRect> none;
   const CGRect childFrame = CGRect::make(10, 40, 30, 20);
+  const CGRect movedFrame = CGRect::make(50, 40, 30, 20);
   const ChangeCase cases[] = {
       {"same frame", [](auto&, auto& c) { c.setFrame(c.frame()); }, none, false},
       {"same bounds",
@@ -231,37 +241,44 @@ TEST_F(NSViewDisplay, ChangesMarkTheSmallestPartThatLooksDifferent) {
        [](auto&, auto& c) {
          c.setFrameOrigin({50, 40});
        },
-       CGRect::make(10, 40, 70, 20), false},
+       {childFrame, movedFrame},
+       false},
       {"moving back",
        [](auto&, auto& c) {
          c.setFrameOrigin({10, 40});
        },
-       CGRect::make(10, 40, 70, 20), false},
+       {movedFrame, childFrame},
+       false},
       {"shrinking",
        [](auto&, auto& c) {
          c.setFrameSize({10, 10});
        },
-       childFrame, true},
+       {childFrame},
+       true},
       {"growing",
        [](auto&, auto& c) {
          c.setFrameSize({30, 20});
        },
-       childFrame, true},
+       {childFrame},
+       true},
       {"scrolling",
        [](auto&, auto& c) {
          c.setBoundsOrigin({0, 1});
        },
        none, true},
-      {"hiding", [](auto&, auto& c) { c.setHidden(true); }, childFrame, false},
-      {"showing", [](auto&, auto& c) { c.setHidden(false); }, childFrame, true},
-      {"adding", [&](auto& h, auto&) { h.addSubview(other); }, other->frame(), false},
-      {"removing", [&](auto&, auto&) { other->removeFromSuperview(); }, other->frame(), false},
-      {"bringing to the front", [this](auto& h, auto&) { h.addSubview(child); }, childFrame, true},
+      {"hiding", [](auto&, auto& c) { c.setHidden(true); }, {childFrame}, false},
+      {"showing", [](auto&, auto& c) { c.setHidden(false); }, {childFrame}, true},
+      {"adding", [&](auto& h, auto&) { h.addSubview(other); }, {other->frame()}, false},
+      {"removing", [&](auto&, auto&) { other->removeFromSuperview(); }, {other->frame()}, false},
+      {"bringing to the front",
+       [this](auto& h, auto&) { h.addSubview(child); },
+       {childFrame},
+       true},
   };
   for (const auto& c : cases) {
     displayOnce(*host);
     c.change(*host, *child);
-    EXPECT_EQ(host->dirtyRect(), c.hostDirty) << c.what;
+    EXPECT_EQ(host->dirtyRects(), c.hostDirty) << c.what;
     EXPECT_EQ(child->needsDisplay(), c.childNeedsDisplay) << c.what;
   }
 }

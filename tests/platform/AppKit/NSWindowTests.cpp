@@ -115,6 +115,7 @@ TEST(NSWindow, WithoutAContentViewDrawsAndHandlesNothing) {
   CGRecordingContext context;
   window->display(context);
   window->displayRect(CGRect::make(0, 0, 5, 5), context);
+  EXPECT_TRUE(window->dirtyRects().empty());
   EXPECT_EQ(context.text(), "");
   EXPECT_FALSE(window->needsDisplay());
   EXPECT_EQ(window->dirtyRect(), CGRect{});
@@ -183,6 +184,30 @@ TEST(NSWindow, KnowsThatAViewAtAnyDepthNeedsDisplayAndWhere) {
   EXPECT_EQ(window->dirtyRect(), CGRect::make(16, 17, 3, 4));
   window->displayRect(window->dirtyRect(), context);
   EXPECT_FALSE(window->needsDisplay());
+}
+
+TEST(NSWindow, TellsTheFewRectanglesThatAreDirtyInIt) {
+  const auto window = std::make_shared<NSWindow>(CGSize{100, 100});
+  const auto left = std::make_shared<NSView>(CGRect::make(10, 10, 20, 50));
+  const auto right = std::make_shared<NSView>(CGRect::make(60, 10, 50, 50));
+  window->contentView()->addSubview(left);
+  window->contentView()->addSubview(right);
+  CGNullContext context;
+  window->display(context);
+  left->setNeedsDisplayInRect(CGRect::make(1, 2, 3, 4));
+  right->setBoundsOrigin({0, 5});
+  window->displayRect(CGRect::make(60, 0, 40, 100), context);
+  right->setNeedsDisplayInRect(CGRect::make(35, 6, 10, 4));
+  right->setNeedsDisplayInRect(CGRect::make(45, 6, 5, 4));
+  EXPECT_THAT(window->dirtyRects(),
+              ElementsAre(CGRect::make(11, 12, 3, 4), CGRect::make(95, 11, 5, 4)));
+  EXPECT_EQ(window->dirtyRect(), CGRect::make(11, 11, 89, 5));
+  for (const CGRect& rect : window->dirtyRects()) window->displayRect(rect, context);
+  EXPECT_FALSE(window->needsDisplay());
+  right->setHidden(true);
+  window->display(context);
+  right->setNeedsDisplayInRect(CGRect::make(0, 6, 5, 4));
+  EXPECT_TRUE(window->dirtyRects().empty());
 }
 
 TEST(NSWindow, FindsOutWhereViewsAreLaidOutBeforeItTellsWhatIsDirty) {

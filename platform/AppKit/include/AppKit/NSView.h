@@ -138,8 +138,9 @@ class NSView : public virtual NSObject, public std::enable_shared_from_this<NSVi
   void setNeedsDisplay(bool needsDisplay);
   /// Marks the part of `rect` (own coordinates) inside the bounds; nothing when it is empty.
   void setNeedsDisplayInRect(CGRect rect);
-  /// The smallest rectangle around all that is marked, in own coordinates; empty when nothing is.
-  CGRect dirtyRect() const { return dirtyRect_; }
+  /// What is marked, in own coordinates: a few rectangles, which become one where that covers no
+  /// more.
+  const std::vector<CGRect>& dirtyRects() const { return dirtyRects_; }
   /// Whether something that can be seen of this view or of one below it is marked, or one of
   /// them needs layout. Hidden views do not count.
   bool subtreeNeedsDisplay() const;
@@ -186,7 +187,7 @@ class NSView : public virtual NSObject, public std::enable_shared_from_this<NSVi
   void constraintsChanged();
   void dropConstraintsNaming(const NSView& view);
   void placeByConstraints();
-  CGRect subtreeDirtyRect() const;
+  void addSubtreeDirtyRects(CGRect visible, CGPoint offset, std::vector<CGRect>& rects) const;
   bool subtreeNeedsLayout() const;
   void drawSubtree(CGRect rect, CGRect visible, CGPoint offset, CGContext& context);
 
@@ -203,7 +204,7 @@ class NSView : public virtual NSObject, public std::enable_shared_from_this<NSVi
   bool hidden_ = false;
   bool needsLayout_ = true;
   bool needsDisplay_ = true;
-  CGRect dirtyRect_;
+  std::vector<CGRect> dirtyRects_;
   bool constraintsStale_ = true;
   int placementsUnderWay_ = 0;
   unsigned placementsBegun_ = 0;

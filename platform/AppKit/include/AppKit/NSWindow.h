@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include <AppKit/NSEvent.h>
 #include <AppKit/NSView.h>
@@ -36,6 +37,10 @@ class NSWindow : public virtual NSObject, public std::enable_shared_from_this<NS
   /// The smallest rectangle around all that is marked in views that are shown, in window
   /// coordinates; lays out what needs it first, since that may move views.
   CGRect dirtyRect();
+  /// The same as a few rectangles, which together may cover far less. A host that keeps the
+  /// window's pixels repaints by calling displayRect() for each of them, after it has cleared
+  /// that part where views are translucent.
+  std::vector<CGRect> dirtyRects();
   /// Draws the whole content view with the window's bottom-left corner at the origin of the
   /// context; nothing when there is none.
   void display(CGContext& context);
