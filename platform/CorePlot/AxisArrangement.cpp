@@ -42,16 +42,20 @@ CGFloat outerReach(const Member& member) {
 
 class Arranger {
  public:
-  Arranger(std::vector<Member>& axes, CGSize plotArea, const CGRect& view)
-      : axes_(axes), plotArea_(plotArea), view_(view) {}
+  Arranger(std::vector<Member>& axes, const AxisArrangement::Surroundings& surroundings)
+      : axes_(axes),
+        plotArea_(surroundings.plotArea),
+        view_(surroundings.view),
+        graphTitle_(surroundings.graphTitle) {}
 
   /// Places a further axis, outside those that are at its place already.
   void add(const std::shared_ptr<CPTXYAxis>& axis, CGFloat line) {
-    auto layout = layoutAxis(*axis, plotArea_, view_, line);
+    const CGRect view = viewBeside(*axis);
+    auto layout = layoutAxis(*axis, plotArea_, view, line);
     if (!layout) return;
     Member member{axis, std::move(*layout)};
     if (const auto outside = placeOutside(member, line))
-      member.layout = layoutAxis(*axis, plotArea_, view_, *outside).value_or(member.layout);
+      member.layout = layoutAxis(*axis, plotArea_, view, *outside).value_or(member.layout);
     axes_.push_back(std::move(member));
     homes_.push_back(line);
   }
@@ -67,7 +71,34 @@ class Arranger {
         keepApart(axes_[i].layout, axes_[j].layout);
   }
 
+  bool leaveRoomForGraphTitle() const {
+    if (graphTitle_.isEmpty()) return false;
+    return std::none_of(axes_.begin(), axes_.end(), [&](const Member& member) {
+      const auto& labels = member.layout.labels;
+      return std::any_of(labels.begin(), labels.end(),
+                         [&](const Label& label) { return liesOnGraphTitle(label); });
+    });
+  }
+
+  void clearGraphTitle() {
+    for (auto& member : axes_)
+      if (member.layout.title && liesOnGraphTitle(*member.layout.title))
+        member.layout.title.reset();
+  }
+
  private:
+  bool liesOnGraphTitle(const Label& text) const {
+    return !text.box().intersection(graphTitle_).isEmpty();
+  }
+
+  /// What an axis can be seen in: a horizontal one below the title of the graph.
+  CGRect viewBeside(const CPTXYAxis& axis) const {
+    CGRect view = view_;
+    if (axis.coordinate() == CPTCoordinate::X && !graphTitle_.isEmpty())
+      view.size.height = std::max(0.0, graphTitle_.minY() - view.minY());
+    return view;
+  }
+
   /// The line for an axis that would cover others at its place; absent when there are none.
   std::optional<CGFloat> placeOutside(const Member& member, CGFloat home) const {
     if (!(outerReach(member) > 0)) return std::nullopt;
@@ -154,6 +185,7 @@ class Arranger {
   std::vector<CGFloat> homes_;
   CGSize plotArea_;
   CGRect view_;
+  CGRect graphTitle_;
 };
 
 }  // namespace
@@ -162,16 +194,20 @@ AxisArrangement::Surroundings AxisArrangement::Surroundings::of(const CPTGraph& 
   const auto& frame = graph.plotAreaFrame();
   if (!frame || !frame->plotArea()) return {};
   const CGRect area = frame->plotArea()->frame();
+  const CGPoint origin = CGPoint{} - frame->frame().origin - area.origin;
+  const CGRect title = graph.titleFrame();
   return {.plotArea = area.size,
-          .view = {CGPoint{} - frame->frame().origin - area.origin, graph.bounds().size}};
+          .view = {origin, graph.bounds().size},
+          .graphTitle = {origin + title.origin, title.size}};
 }
 
 AxisArrangement::AxisArrangement(const CPTGraph& graph) : surroundings(Surroundings::of(graph)) {
+  showsGraphTitle = !surroundings.graphTitle.isEmpty();
   const auto& set = graph.axisSet();
   if (!set || set->isHidden()) return;
 
   const CGSize plotArea = surroundings.plotArea;
-  Arranger arranger(axes, plotArea, surroundings.view);
+  Arranger arranger(axes, surroundings);
   bool hasFirst[2] = {false, false};
   for (const auto& member : set->axes()) {
     const auto axis = std::dynamic_pointer_cast<CPTXYAxis>(member);
@@ -186,6 +222,8 @@ AxisArrangement::AxisArrangement(const CPTGraph& graph) : surroundings(Surroundi
     arranger.add(axis, standsAtFarEdge ? farEdge : pinnedLine(*axis, plotArea));
   }
   arranger.keepLabelsApart();
+  showsGraphTitle = arranger.leaveRoomForGraphTitle();
+  if (showsGraphTitle) arranger.clearGraphTitle();
 }
 
 }  // namespace vexel

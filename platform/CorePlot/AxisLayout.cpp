@@ -22,6 +22,8 @@ constexpr CGFloat kLabelGap = 4;
 constexpr CGFloat kTitleGap = 3;
 // Text that was made to fit may still be this much wider.
 constexpr CGFloat kRoundingOfWidths = 1;
+// A title that the view would cut is set in smaller type, as long as it can be read.
+constexpr CGFloat kTitleSizes[] = {1, 0.85, 0.7};
 // A tick this far outside the plot area still shows, at its edge: no eye tells the places apart.
 constexpr CGFloat kEdgeTolerance = 0.5;
 
@@ -124,6 +126,16 @@ double numberIn(const std::string& text) {
   return number + minutes / 60;
 }
 
+bool isTimeOfDay(const AxisLayout::Text& label) {
+  return label.content->text().find(':') != std::string::npos;
+}
+
+LabelNumbers kindOf(const std::vector<AxisLayout::Text>& labels, const AxisScale& scale) {
+  if (scale.logarithmic) return LabelNumbers::exponentsOfTen;
+  return std::all_of(labels.begin(), labels.end(), isTimeOfDay) ? LabelNumbers::hoursOfDay
+                                                                : LabelNumbers::plain;
+}
+
 /// The least change that puts a stretch into the view, or into its middle when it is too long.
 CGFloat changeInto(Stretch view, Stretch stretch) {
   if (stretch.length() > view.length())
@@ -195,7 +207,7 @@ PlacedLabels placeLabels(const CPTXYAxis& axis, const AxisScale& scale, const Ti
 
   PlacedLabels placed{.places = {}, .reach = tickEnd};
   const CGFloat gap = layout.coordinate == CPTCoordinate::X ? kLabelGap : 0;
-  for (const std::size_t i : chooseLabels(stretches, gap, scale.logarithmic)) {
+  for (const std::size_t i : chooseLabels(stretches, gap, kindOf(texts, scale))) {
     layout.labels.push_back(texts[i]);
     placed.places.push_back(places[i]);
     placed.reach = std::max(placed.reach, reaches[i]);
@@ -203,17 +215,19 @@ PlacedLabels placeLabels(const CPTXYAxis& axis, const AxisScale& scale, const Ti
   return placed;
 }
 
-/// Makes the title, still without a place.
-void makeTitle(const CPTXYAxis& axis, AxisLayout& layout) {
+/// Makes the title in a part of its size, still without a place.
+void makeTitle(const CPTXYAxis& axis, CGFloat part, AxisLayout& layout) {
   if (!axis.title() || axis.title()->empty()) return;
-  layout.title = AxisLayout::Text{
-      titleLines(*axis.title(), axis.titleTextStyle().value_or(CPTTextStyle{}), layout.along),
-      {},
-      axis.coordinate() == CPTCoordinate::X ? 0 : std::numbers::pi / 2};
+  CPTTextStyle style = axis.titleTextStyle().value_or(CPTTextStyle{});
+  style.fontSize *= part;
+  layout.title = AxisLayout::Text{titleLines(*axis.title(), style, layout.along),
+                                  {},
+                                  axis.coordinate() == CPTCoordinate::X ? 0 : std::numbers::pi / 2};
 }
 
-void placeTitle(const CPTXYAxis& axis, CGFloat labelReach, const CGRect& view, AxisLayout& layout) {
-  if (!layout.title) return;
+/// Whether the title lies inside the view, as seen across.
+bool placeTitle(const CPTXYAxis& axis, CGFloat labelReach, const CGRect& view, AxisLayout& layout) {
+  if (!layout.title) return true;
   const CPTSign side = titleSide(axis);
   const CGFloat depth = titleDepth(layout);
   const CGFloat clear =
@@ -222,6 +236,7 @@ void placeTitle(const CPTXYAxis& axis, CGFloat labelReach, const CGRect& view, A
       std::max(std::min(axis.titleOffset(), roomBeside(layout, side, view) - depth), clear);
   layout.title->center = layout.point(
       layout.along / 2, layout.line + static_cast<CGFloat>(side) * (distance + depth / 2));
+  return distance + depth <= roomBeside(layout, side, view) + kRoundingOfWidths;
 }
 
 /// Places of ticks that the eye can tell apart: those with labels when all would be too many, or
@@ -346,9 +361,13 @@ std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea, con
 
   const AxisScale scale = axis.plotSpace()->scale(axis.coordinate(), layout.along);
   const Ticks ticks = visibleTicks(axis, layout.along);
-  makeTitle(axis, layout);
-  const PlacedLabels labels = placeLabels(axis, scale, ticks, view, layout);
-  placeTitle(axis, labels.reach, view, layout);
+  PlacedLabels labels;
+  for (const CGFloat part : kTitleSizes) {
+    makeTitle(axis, part, layout);
+    layout.labels.clear();
+    labels = placeLabels(axis, scale, ticks, view, layout);
+    if (placeTitle(axis, labels.reach, view, layout)) break;
+  }
   layout.majorTicks = apart(positionsInside(ticks.major, scale), labels.places, layout.along);
   layout.minorTicks = apart(positionsInside(ticks.minor, scale), {}, layout.along);
   return layout;

@@ -45,8 +45,8 @@ CGFloat pinnedLine(const CPTXYAxis& axis, CGSize plotArea);
 /// The axis with its line at a place across. Labels are centred on their ticks, but moved along as
 /// far as it takes to lie inside `view`, the part of the world around the plot area that can be
 /// seen. Those that would touch are left out evenly, and of ticks too many to be told apart those
-/// without labels. A title longer than the axis is broken into
-/// lines, and moved towards the labels where it would leave the view.
+/// without labels. A title longer than the axis is broken into lines; where it would leave the view
+/// it is moved towards the labels, and set in smaller type.
 ///
 /// Absent when the axis has no plot space, or the plot area no size.
 std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea, const CGRect& view,

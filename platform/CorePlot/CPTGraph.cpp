@@ -260,14 +260,14 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
                       }});
 
   result.push_back({&titleTextStyle_, false,
-                    [this, plotRect, arrangement, inPlotArea](CGContext& context) {
+                    [this, arrangement, inPlotArea](CGContext& context) {
                       inPlotArea(context, [&] {
                         for (const auto& placed : arrangement->axes)
                           drawLabels(context, placed.layout);
                         for (const auto& placed : arrangement->axes)
                           drawAxisTitle(context, placed.layout);
                       });
-                      drawTitle(context, plotRect);
+                      if (arrangement->showsGraphTitle) drawTitle(context);
                     },
                     true});
   result.push_back({area.get(), area->annotationsNeedDisplay(),
@@ -278,13 +278,19 @@ std::vector<CPTGraph::Slice> CPTGraph::slices() {
   return result;
 }
 
-void CPTGraph::drawTitle(CGContext& context, const CGRect& plotArea) const {
-  if (!title_ || title_->empty()) return;
-  CPTTextLayer layer(*title_, titleTextStyle_);
-  const CGSize size = layer.frame().size;
+CGRect CPTGraph::titleFrame() const {
+  if (!title_ || title_->empty() || !plotAreaFrame_ || !plotAreaFrame_->plotArea()) return {};
+  const CGRect area = plotAreaFrame_->plotArea()->frame();
+  const CGFloat middle = plotAreaFrame_->frame().minX() + area.midX();
+  const CGSize size = CPTTextLayer(*title_, titleTextStyle_).frame().size;
+  return {{middle - size.width / 2, bounds().maxY() - kTitleInset - size.height}, size};
+}
+
+void CPTGraph::drawTitle(CGContext& context) const {
+  const CGPoint origin = titleFrame().origin;
   const CGSavedState state(context);
-  context.translate(plotArea.midX() - size.width / 2, bounds().maxY() - kTitleInset - size.height);
-  layer.display(context);
+  context.translate(origin.x, origin.y);
+  CPTTextLayer(*title_, titleTextStyle_).display(context);
 }
 
 void CPTGraph::displayChart(CGContext& context) {

@@ -9,6 +9,7 @@ namespace vexel {
 namespace {
 
 constexpr double kTolerance = 1e-6;
+constexpr double kHoursPerDay = 24;
 
 using Labels = std::vector<LabelStretch>;
 using Indices = std::vector<std::size_t>;
@@ -25,12 +26,20 @@ bool isRound(double number) {
   return false;
 }
 
+/// Whether a day has a whole number of such stretches that are full hours, or an hour has. Whole
+/// days count as well.
+bool partsTheDay(double hours) {
+  return isWhole(1 / hours) || (isWhole(hours) && isWhole(kHoursPerDay / hours)) ||
+         isWhole(hours / kHoursPerDay);
+}
+
 /// Every step-th of some labels.
 class Selection {
  public:
-  Selection(const Labels& labels, const Indices& candidates, std::size_t step)
-      : labels_(labels), candidates_(candidates), step_(step) {
+  Selection(const Labels& labels, const Indices& candidates, std::size_t step, LabelNumbers numbers)
+      : labels_(labels), candidates_(candidates), step_(step), numbers_(numbers) {
     if (candidates.size() > 1) distance_ = number(1) - number(0);
+    if (numbers == LabelNumbers::hoursOfDay && distance_ <= 0) distance_ += kHoursPerDay;
     const std::size_t end = std::min(step, candidates.size());
     for (std::size_t i = 0; i < end && distance_ > 0; ++i)
       if (isWhole(number(i) / (distance_ * static_cast<double>(step)))) {
@@ -41,6 +50,8 @@ class Selection {
 
   /// Round where the labels are, as far as they are numbers, or at least every other one.
   bool isSuitable() const {
+    if (numbers_ == LabelNumbers::hoursOfDay && partsTheDay(distance_))
+      return partsTheDay(distance_ * static_cast<double>(step_));
     return step_ == 2 || !(distance_ > 0) || !isRound(distance_) ||
            isRound(distance_ * static_cast<double>(step_));
   }
@@ -67,25 +78,28 @@ class Selection {
   const Labels& labels_;
   const Indices& candidates_;
   std::size_t step_;
+  LabelNumbers numbers_;
   std::size_t first_ = 0;
   double distance_ = 0;
 };
 
 }  // namespace
 
-Indices chooseLabels(const Labels& labels, CGFloat gap, bool logarithmic) {
+Indices chooseLabels(const Labels& labels, CGFloat gap, LabelNumbers numbers) {
   Indices candidates(labels.size());
   std::iota(candidates.begin(), candidates.end(), std::size_t{0});
-  if (Selection(labels, candidates, 1).fits(gap)) return candidates;
+  if (Selection(labels, candidates, 1, numbers).fits(gap)) return candidates;
 
   const auto isBetween = [&](std::size_t i) { return !isWhole(labels[i].number); };
-  if (logarithmic && !std::all_of(candidates.begin(), candidates.end(), isBetween))
+  if (numbers == LabelNumbers::exponentsOfTen &&
+      !std::all_of(candidates.begin(), candidates.end(), isBetween))
     std::erase_if(candidates, isBetween);
-  for (std::size_t step = 1; step < candidates.size(); ++step) {
-    const Selection selection(labels, candidates, step);
+  // With a step beyond the last label the roundest of them is left alone.
+  for (std::size_t step = 1; step <= 10 * candidates.size(); ++step) {
+    const Selection selection(labels, candidates, step, numbers);
     if (selection.isSuitable() && selection.fits(gap)) return selection.indices();
   }
-  return {Selection(labels, candidates, candidates.size()).indices().front()};
+  return {candidates.front()};
 }
 
 }  // namespace vexel

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <limits>
 #include <string>
+#include <typeinfo>
 
 #include <Foundation/NSNumberFormatter.h>
 
@@ -17,8 +18,9 @@ namespace {
 constexpr std::size_t kLongestDecade = 5;
 // A tick this close to 0, in distances between ticks, is 0 but for rounding.
 constexpr double kZeroTolerance = 1e-9;
-// A label may differ from its tick by this part of the distance to the next.
-constexpr double kLabelTolerance = 0.01;
+// A label may differ from its tick by this part of the distance to the next: steps that are even
+// are read as even.
+constexpr double kLabelTolerance = 0.002;
 // Smaller type than this part of the size that was asked for cannot be read.
 constexpr double kSmallestType = 0.7;
 constexpr int kMostDigits = std::numeric_limits<double>::max_digits10 - 1;
@@ -106,6 +108,37 @@ std::shared_ptr<CPTTextLayer> inPowersOfTen(const Scientific& number, const CPTT
   return std::make_shared<CPTTextLayer>(std::move(text));
 }
 
+double toleranceOf(const std::vector<double>& ticks, std::size_t i) {
+  return kLabelTolerance * std::min(distanceToNeighbour(ticks, i), std::abs(ticks[i]));
+}
+
+/// Whether each text is its tick, as far as a reader can tell.
+bool areTrue(const std::vector<std::string>& texts, const std::vector<double>& ticks) {
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    double shown = 0;
+    std::from_chars(texts[i].data(), texts[i].data() + texts[i].size(), shown);
+    if (!(std::abs(shown - ticks[i]) <= toleranceOf(ticks, i))) return false;
+  }
+  return true;
+}
+
+std::vector<std::string> textsOf(const std::vector<double>& ticks, const NSFormatter& formatter) {
+  std::vector<std::string> texts;
+  for (const double tick : ticks) texts.push_back(formatter.string(tick));
+  return texts;
+}
+
+/// What the formatter writes with as many fraction digits more as make it true; empty when no
+/// number of them does.
+std::vector<std::string> moreDigits(const std::vector<double>& ticks, NSNumberFormatter formatter) {
+  for (int digits = formatter.maximumFractionDigits() + 1; digits <= kMostDigits; ++digits) {
+    formatter.setMinimumFractionDigits(digits);
+    auto texts = textsOf(ticks, formatter);
+    if (areTrue(texts, ticks)) return texts;
+  }
+  return {};
+}
+
 using Labels = std::vector<std::shared_ptr<CPTTextLayer>>;
 
 Labels plainLabels(const std::vector<std::string>& texts, const CPTTextStyle& style) {
@@ -121,10 +154,9 @@ Labels powersOfTen(const std::vector<double>& ticks, const std::vector<std::stri
   Labels labels(ticks.size());
   for (std::size_t i = 0; i < ticks.size(); ++i) {
     if (texts[i].empty()) continue;
-    const double closest = std::min(distanceToNeighbour(ticks, i), std::abs(ticks[i]));
     labels[i] = ticks[i] == 0 ? std::make_shared<CPTTextLayer>("0", style)
-                              : inPowersOfTen(scientific(ticks[i], kLabelTolerance * closest),
-                                              style, logarithmic);
+                              : inPowersOfTen(scientific(ticks[i], toleranceOf(ticks, i)), style,
+                                              logarithmic);
   }
   return labels;
 }
@@ -140,11 +172,17 @@ CGFloat widest(const Labels& labels) {
 
 Labels tickLabels(const std::vector<double>& ticks, const NSFormatter& formatter,
                   const CPTTextStyle& style, bool logarithmic, CGFloat room) {
-  std::vector<std::string> texts;
-  for (const double tick : ticks) texts.push_back(formatter.string(tick));
+  std::vector<std::string> texts = textsOf(ticks, formatter);
   const std::vector<double> numbers = logarithmic ? ticks : cleaned(ticks);
-  const bool areNumbers = dynamic_cast<const NSNumberFormatter*>(&formatter) != nullptr;
-  bool asPowers = mislead(texts, numbers) || (logarithmic && areNumbers && areLong(texts));
+  // Formatters derived from it write what they like.
+  const bool areNumbers = typeid(formatter) == typeid(NSNumberFormatter);
+  bool asPowers = mislead(texts, numbers);
+  if (areNumbers && !asPowers && !areTrue(texts, numbers)) {
+    auto longer = moreDigits(numbers, static_cast<const NSNumberFormatter&>(formatter));
+    asPowers = longer.empty();
+    if (!asPowers) texts = std::move(longer);
+  }
+  asPowers = asPowers || (logarithmic && areNumbers && areLong(texts));
   const auto labelsIn = [&](const CPTTextStyle& type) {
     return asPowers ? powersOfTen(numbers, texts, type, logarithmic) : plainLabels(texts, type);
   };

@@ -269,6 +269,48 @@ TEST_F(AxisArrangementTest, AtUsualPaddingsNothingLeavesTheView) {
   }
 }
 
+TEST_F(AxisArrangementTest, TheTitleOfTheGraphStandsClearOfUpperAxes) {
+  const auto upper = add(CPTCoordinate::X, "upper");
+  upper->setTitleOffset(100);
+  graph->setTitle("Impacts");
+  const CGFloat titleHeight = graph->titleFrame().size.height;
+  for (double padding = 80; padding >= 0; padding -= 1) {
+    graph->setPaddingTop(padding);
+    const AxisArrangement arrangement(*graph);
+    const CGRect& title = arrangement.surroundings.graphTitle;
+    const AxisLayout layout = layoutOf(upper);
+    ASSERT_FALSE(layout.labels.empty());
+    const CGRect label = layout.labels[2].box();
+    // Labels before the title of the graph before the title of the axis.
+    EXPECT_EQ(arrangement.showsGraphTitle, label.intersection(title).isEmpty()) << padding;
+    if (arrangement.showsGraphTitle && layout.title) {
+      EXPECT_TRUE(layout.title->box().intersection(title).isEmpty()) << padding;
+      EXPECT_GE(layout.title->box().minY(), label.maxY()) << padding;
+    }
+    const std::string drawing = recorded(*graph);
+    EXPECT_EQ(drawing.find("Impacts") != std::string::npos, arrangement.showsGraphTitle) << padding;
+    EXPECT_EQ(drawing.find("upper") != std::string::npos, layout.title.has_value()) << padding;
+    const double labelReach = label.maxY() - arrangement.surroundings.plotArea.height;
+    const bool hasRoomForAll = padding >= labelReach + 3 + titleHeight + titleHeight + 2;
+    if (hasRoomForAll) {
+      ASSERT_TRUE(layout.title) << padding;
+      EXPECT_EQ(layout.title->content->textStyle()->fontSize, 12) << padding;
+    }
+  }
+}
+
+TEST_F(AxisArrangementTest, TheTitleOfTheGraphLeavesOtherAxesWhereTheyAre) {
+  graph->setPaddingTop(20);
+  const CGRect before = layoutOf(y).labels.back().box();
+  graph->setTitle("Impacts");
+  EXPECT_EQ(layoutOf(y).labels.back().box(), before);
+  EXPECT_TRUE(AxisArrangement(*graph).showsGraphTitle);
+  axesOf(*graph)->setHidden(true);
+  EXPECT_TRUE(AxisArrangement(*graph).showsGraphTitle);
+  graph->setTitle("");
+  EXPECT_FALSE(AxisArrangement(*graph).showsGraphTitle);
+}
+
 TEST_F(AxisArrangementTest, LogAxesHaveLabelledDecadesOnEverySide) {
   add(CPTCoordinate::Y);
   add(CPTCoordinate::X);

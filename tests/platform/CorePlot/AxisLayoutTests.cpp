@@ -597,6 +597,34 @@ TEST_F(AxisLayoutTest, ATitleLongerThanItsAxisIsBrokenAtBlanks) {
   }
 }
 
+TEST_F(AxisLayoutTest, ATitleThatTheViewWouldCutIsSetInSmallerType) {
+  for (const auto coordinate : {CPTCoordinate::X, CPTCoordinate::Y}) {
+    axis.setCoordinate(coordinate);
+    axis.setTitle("Charge of the largest impacts");
+    axis.setTickDirection(CPTSign::positive);
+    axis.setTickLabelDirection(CPTSign::negative);
+    space->setYRange({0, 3e6});
+    axis.setMajorIntervalLength(coordinate == CPTCoordinate::X ? 1 : 1e6);
+    axis.setLabelFormatter(coordinate == CPTCoordinate::X ? axis.labelFormatter()
+                                                          : std::make_shared<NSNumberFormatter>());
+    std::set<double> sizes;
+    for (double room = 120; room >= 30; room -= 1) {
+      view = CGRect::make(-room, -room, 600, 500);
+      const AxisLayout placed = layout({110, 110});
+      const CGRect title = box(*placed.title);
+      const double outerEdge = coordinate == CPTCoordinate::X ? title.minY() : title.minX();
+      const double size = placed.title->content->textStyle()->fontSize;
+      sizes.insert(size);
+      if (size > 0.71 * 12) {
+        EXPECT_GE(outerEdge, -room - 1);
+      }
+      for (const auto& one : placed.labels) EXPECT_TRUE(box(one).intersection(title).isEmpty());
+    }
+    EXPECT_TRUE(sizes.contains(12));
+    EXPECT_GE(sizes.size(), 2u);
+  }
+}
+
 TEST_F(AxisLayoutTest, ATitleThatWouldLeaveTheViewMovesUpToTheLabels) {
   axis.setTitle("title");
   view = CGRect::make(-20, -40, 500, 400);

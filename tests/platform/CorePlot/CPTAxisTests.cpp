@@ -133,10 +133,11 @@ TEST(CPTAxis, EveryChangeAsksForDisplayAndARepetitionDoesNot) {
   }
 }
 
-TEST(CPTAxisLabel, ANewLabelStandsAtZeroWithoutOffsetAndRotation) {
+TEST(CPTAxisLabel, ANewLabelStandsAtZeroAsFarFromTheLineAsLabelsOfTheAxis) {
   const CPTAxisLabel label("1999", CPTTextStyle{.fontSize = 9});
   EXPECT_EQ(label.tickLocation(), 0);
-  EXPECT_EQ(label.offset(), 0);
+  EXPECT_EQ(label.offset(), 2);
+  EXPECT_EQ(label.offset(), CPTAxis().labelOffset());
   EXPECT_EQ(label.rotation(), 0);
   EXPECT_EQ(label.contentLayer()->text(), "1999");
   EXPECT_EQ(label.contentLayer()->textStyle(), CPTTextStyle{.fontSize = 9});

@@ -12,6 +12,8 @@ class CPTAxis;
 /// The text at a place of an axis. Changes are seen at the axis's next display, which they ask for.
 class CPTAxisLabel : public virtual NSObject {
  public:
+  static constexpr CGFloat kDefaultOffset = 2;
+
   explicit CPTAxisLabel(std::string text, CPTTextStyle style = {})
       : contentLayer_(std::make_shared<CPTTextLayer>(std::move(text), std::move(style))) {}
   explicit CPTAxisLabel(std::shared_ptr<CPTTextLayer> contentLayer)
@@ -24,7 +26,8 @@ class CPTAxisLabel : public virtual NSObject {
   double tickLocation() const { return tickLocation_; }
   void setTickLocation(double location) { change(tickLocation_, location); }
 
-  /// Distance from the axis line or the end of the tick, in points; default 0.
+  /// Distance from the axis line or the end of the tick, in points; default 2, as an axis
+  /// has it for its own labels.
   CGFloat offset() const { return offset_; }
   void setOffset(CGFloat points) { change(offset_, points); }
 
@@ -40,7 +43,7 @@ class CPTAxisLabel : public virtual NSObject {
   NSWeak<CPTAxis> axis_;
   std::shared_ptr<CPTTextLayer> contentLayer_;
   double tickLocation_ = 0;
-  CGFloat offset_ = 0;
+  CGFloat offset_ = kDefaultOffset;
   CGFloat rotation_ = 0;
 };
 

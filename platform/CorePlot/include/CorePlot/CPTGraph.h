@@ -61,11 +61,14 @@ class CPTGraph : public CPTBorderedLayer {
   /// Sets fill and axis looks; paddings and plot spaces stay. Null does nothing.
   void applyTheme(const std::shared_ptr<const CPTTheme>& theme);
 
-  /// Text above the plot area; absent: none.
+  /// Text above the plot area; absent: none. Titles of axes keep clear of it. Where the paddings
+  /// leave no room for both it stands alone, and it is not shown where it would lie on labels.
   const std::optional<std::string>& title() const { return title_; }
   void setTitle(std::optional<std::string> title);
   const CPTTextStyle& titleTextStyle() const { return titleTextStyle_; }
   void setTitleTextStyle(CPTTextStyle style);
+  /// Where the title has its place, in the graph's coordinates; empty when there is none.
+  CGRect titleFrame() const;
 
   /// Draws the chart in its own coordinates and within its bounds, back to front: background,
   /// minor grid, major grid, axis lines and ticks, plots, axis labels, axis titles, annotations. On
@@ -90,7 +93,7 @@ class CPTGraph : public CPTBorderedLayer {
   bool axesNeedDisplay() const;
   /// The places of the axes; those of the last display when nothing has changed them.
   std::shared_ptr<const AxisArrangement> arrangedAxes();
-  void drawTitle(CGContext& context, const CGRect& plotArea) const;
+  void drawTitle(CGContext& context) const;
 
   NSWeak<CPTGraphHostingView> hostingView_;
   std::shared_ptr<CPTPlotAreaFrame> plotAreaFrame_;
