@@ -110,6 +110,8 @@ std::shared_ptr<CPTAxis> Vexel::formatXAxis(const std::shared_ptr<CPTXYGraph>& g
   if (*arguments.tickMarks) {
     applyTicks(*axis, *this);
   } else {
+    // Deliberate: ticks by hand, and those of time, stay on the axis and show in the looks that it
+    // had before.
     axis->setLabelingPolicy(CPTAxisLabelingPolicy::none);
   }
   if (*arguments.upperAxis)

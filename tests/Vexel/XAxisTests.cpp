@@ -236,6 +236,23 @@ TEST_F(XAxis, WithoutTickMarksKeepsTheEnginesTicksAndShowsNone) {
   }
 }
 
+TEST_F(XAxis, WithoutTickMarksShowsTicksOfTimeAndByHandInTheEnginesLooks) {
+  for (const bool isTime : {false, true})
+    for (const bool upper : {false, true}) {
+      XAxisArguments arguments = isTime ? time() : plain();
+      arguments.tickLocations = std::set<double>{3, 7};
+      arguments.tickMarks = false;
+      arguments.upperAxis = upper;
+      const CPTXYAxis fresh;
+      const auto axis = format(arguments);
+      EXPECT_EQ(axis->majorTickLocations().size(), isTime ? 6u : 2u);
+      EXPECT_EQ(axis->axisLabels().size(), isTime ? 6u : 0u);
+      EXPECT_EQ(axis->majorTickLength(), fresh.majorTickLength());
+      EXPECT_EQ(axis->majorTickLineStyle(), fresh.majorTickLineStyle());
+      EXPECT_THAT(dump(*graph), HasSubstr(isTime ? "major 2.45192e+06" : "major 3 7\n"));
+    }
+}
+
 TEST_F(XAxis, WithoutTickMarksHasItsTitleOutsideAllTheSame) {
   for (const bool upper : {false, true}) {
     XAxisArguments arguments = plain();

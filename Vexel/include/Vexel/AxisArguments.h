@@ -68,6 +68,7 @@ struct XAxisArguments {
   /// Major and minor grid lines.
   Argument<bool> gridLines;
   Argument<bool> noLabels;
+  /// False: no ticks but those by hand and those of time, and these as the engine draws them.
   Argument<bool> tickMarks;
   /// Exactly these ticks; not on a time axis.
   std::optional<std::set<double>> tickLocations = std::nullopt;
