@@ -39,15 +39,22 @@ void exportFigure(NSView& view, const std::filesystem::path& file) {
 }
 
 void exportFigure(NSView& view, const std::filesystem::path& file, CGFloat backingScale) {
-  const std::string extension = file.extension().string();
-  if (extension != ".png" && extension != ".pdf" && extension != ".svg")
-    throw FigureExportError(file.string() + ": a figure is written as .png, .pdf or .svg");
+  const std::string data = figureData(view, file, backingScale);
   try {
-    replaceFile(file, bytes(view, extension, backingScale));
-  } catch (const CGContextError& error) {
-    throw FigureExportError(file.string() + ": " + error.what());
+    replaceFile(file, data);
   } catch (const std::filesystem::filesystem_error& error) {
     throw FigureExportError(file.string() + ": " + error.code().message());
+  }
+}
+
+std::string figureData(NSView& view, const std::filesystem::path& name, CGFloat backingScale) {
+  const std::string extension = name.extension().string();
+  if (extension != ".png" && extension != ".pdf" && extension != ".svg")
+    throw FigureExportError(name.string() + ": a figure is written as .png, .pdf or .svg");
+  try {
+    return bytes(view, extension, backingScale);
+  } catch (const CGContextError& error) {
+    throw FigureExportError(name.string() + ": " + error.what());
   }
 }
 

@@ -42,6 +42,9 @@ void NSView::rightMouseDown(const NSEvent& event) {
 void NSView::rightMouseUp(const NSEvent& event) {
   handOn(*this, &NSView::rightMouseUp, event);
 }
+void NSView::rightMouseDragged(const NSEvent& event) {
+  handOn(*this, &NSView::rightMouseDragged, event);
+}
 void NSView::scrollWheel(const NSEvent& event) {
   handOn(*this, &NSView::scrollWheel, event);
 }

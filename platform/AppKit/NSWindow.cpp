@@ -88,6 +88,9 @@ void NSWindow::sendEvent(const NSEvent& event) {
     case NSEventType::leftMouseDragged:
       if (const auto view = ifShown(pressed_)) view->mouseDragged(event);
       return;
+    case NSEventType::rightMouseDragged:
+      if (const auto view = ifShown(rightPressed_)) view->rightMouseDragged(event);
+      return;
     case NSEventType::leftMouseUp:
       return release(pressed_, &NSView::mouseUp, event);
     case NSEventType::rightMouseUp:

@@ -64,6 +64,15 @@ TEST_F(FigureExport, WritesWhatTheExtensionSays) {
               ElementsAre("figure.pdf", "figure.pdf.png", "figure.png", "figure.svg"));
 }
 
+TEST_F(FigureExport, GivesWhatAFileOfThatNameWouldHold) {
+  for (const char* name : {"figure.png", "figure.pdf", "figure.svg"}) {
+    exportFigure(*figure.view, folder / name, 2);
+    EXPECT_EQ(figureData(*figure.view, name, 2), folder.read(name));
+  }
+  EXPECT_THROW(figureData(*figure.view, "figure.jpg", 1), FigureExportError);
+  EXPECT_THROW(figureData(*figure.view, "figure.png", -1), FigureExportError);
+}
+
 TEST_F(FigureExport, WritesOnePixelPerPointUnlessAskedForMore) {
   EXPECT_EQ(pngSize(exported(*figure.view, "figure.png")), std::pair(300u, 200u));
   exportFigure(*figure.view, folder / "figure.png", 1);

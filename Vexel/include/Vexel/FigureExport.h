@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <stdexcept>
+#include <string>
 
 #include <AppKit/NSView.h>
 
@@ -23,5 +24,9 @@ void exportFigure(NSView& view, const std::filesystem::path& file);
 
 /// The same with so many pixels per point in a .png; the vector formats do not use it.
 void exportFigure(NSView& view, const std::filesystem::path& file, CGFloat backingScale);
+
+/// What a file would hold that is called so; only the extension of `name` counts. Throws
+/// FigureExportError.
+std::string figureData(NSView& view, const std::filesystem::path& name, CGFloat backingScale);
 
 }  // namespace vexel

@@ -1,4 +1,5 @@
 #include <AppKit/NSEvent.h>
+#include <AppKit/NSFunctionKeys.h>
 
 #include <gtest/gtest.h>
 
@@ -21,6 +22,11 @@ TEST(NSEvent, ModifierFlagsCombine) {
   EXPECT_FALSE(contains(flags, NSEventModifierFlags::control));
   EXPECT_FALSE(contains(flags, NSEventModifierFlags::shift | NSEventModifierFlags::option));
   EXPECT_EQ(flags & NSEventModifierFlags::shift, NSEventModifierFlags::shift);
+}
+
+TEST(NSEvent, FunctionKeysAreCharactersOfTheirOwn) {
+  EXPECT_EQ(charactersOfFunctionKey(NSUpArrowFunctionKey), "\xEF\x9C\x80");
+  EXPECT_EQ(charactersOfFunctionKey(NSPageDownFunctionKey), "\xEF\x9C\xAD");
 }
 
 }  // namespace

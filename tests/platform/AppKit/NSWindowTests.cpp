@@ -38,6 +38,7 @@ class EventProbe : public NSView {
   }
   void rightMouseDown(const NSEvent&) override { got("right down"); }
   void rightMouseUp(const NSEvent&) override { got("right up"); }
+  void rightMouseDragged(const NSEvent&) override { got("right dragged"); }
   void scrollWheel(const NSEvent&) override { got("scroll"); }
   void keyDown(const NSEvent&) override { got("key down"); }
   void keyUp(const NSEvent&) override { got("key up"); }
@@ -278,6 +279,7 @@ TEST_F(NSWindowEvents, ThatAViewDoesNotHandleGoToItsSuperview) {
   EXPECT_THAT(sent(NSEventType::leftMouseDragged, kInA), ElementsAre("a dragged"));
   EXPECT_THAT(sent(NSEventType::leftMouseUp, kInA), ElementsAre("a up"));
   EXPECT_THAT(sent(NSEventType::rightMouseDown, kInA), ElementsAre("a right down"));
+  EXPECT_THAT(sent(NSEventType::rightMouseDragged, kInA), ElementsAre("a right dragged"));
   EXPECT_THAT(sent(NSEventType::rightMouseUp, kInA), ElementsAre("a right up"));
   EXPECT_THAT(sent(NSEventType::mouseExited, kInA), ElementsAre("a exited"));
   window->makeFirstResponder(plain.get());
@@ -303,6 +305,7 @@ TEST_F(NSWindowEvents, TheTwoButtonsArePressedIndependently) {
   sent(NSEventType::leftMouseDown, kInA);
   EXPECT_THAT(sent(NSEventType::rightMouseDown, kInB), ElementsAre("b right down"));
   EXPECT_THAT(sent(NSEventType::leftMouseDragged, kInB), ElementsAre("a dragged"));
+  EXPECT_THAT(sent(NSEventType::rightMouseDragged, kInA), ElementsAre("b right dragged"));
   EXPECT_THAT(sent(NSEventType::leftMouseUp, kInB), ElementsAre("a up"));
   EXPECT_THAT(sent(NSEventType::rightMouseUp, kInB),
               ElementsAre("b right up", "a exited", "b entered"));

@@ -21,7 +21,8 @@ struct NSEvent {
   CGFloat scrollingDeltaX = 0;
   /// The same vertically; positive moves the content down, towards what is above it.
   CGFloat scrollingDeltaY = 0;
-  /// The text of a key, UTF-8; empty for other events.
+  /// The text of a key, UTF-8; empty for other events. Keys without text have the characters of
+  /// NSFunctionKeys.h.
   std::string characters = {};
   /// The number of the key on the keyboard, as the host of the window counts; 0 for other events.
   int keyCode = 0;

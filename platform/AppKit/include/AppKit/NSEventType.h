@@ -10,6 +10,7 @@ enum class NSEventType {
   leftMouseDragged,
   rightMouseDown,
   rightMouseUp,
+  rightMouseDragged,
   mouseEntered,
   mouseExited,
   scrollWheel,

@@ -172,6 +172,7 @@ class NSView : public virtual NSObject, public std::enable_shared_from_this<NSVi
   virtual void mouseExited(const NSEvent& event);
   virtual void rightMouseDown(const NSEvent& event);
   virtual void rightMouseUp(const NSEvent& event);
+  virtual void rightMouseDragged(const NSEvent& event);
   virtual void scrollWheel(const NSEvent& event);
   virtual void keyDown(const NSEvent& event);
   virtual void keyUp(const NSEvent& event);

@@ -1,0 +1,244 @@
+#include <VexelQt/PlotWidget.h>
+
+#include <CoreGraphics/CGBitmapContext.h>
+#include <Vexel/FigureExport.h>
+
+#include <QAbstractEventDispatcher>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPointer>
+#include <algorithm>
+#include <cmath>
+
+#include "EventTranslation.h"
+#include "WindowBitmap.h"
+
+namespace vexel {
+
+namespace {
+
+constexpr qreal kCopiedPixelsPerPoint = 2;
+constexpr qreal kPointsPerInch = 72;
+// Of a printed page: 256 MiB.
+constexpr qreal kMostPrintedPixels = 1 << 26;
+
+QSize qtSize(CGSize size) {
+  return {static_cast<int>(std::lround(size.width)), static_cast<int>(std::lround(size.height))};
+}
+
+CGSize cgSize(QSize size) {
+  return {static_cast<CGFloat>(size.width()), static_cast<CGFloat>(size.height())};
+}
+
+QSize hintFor(const NSView* view) {
+  if (!view || view->frame().isEmpty()) return {};
+  return qtSize(view->frame().size);
+}
+
+CGColor cgColor(const QColor& color) {
+  return CGColor::deviceRGB(color.redF(), color.greenF(), color.blueF());
+}
+
+/// Draws the view and leaves marked what had been marked for display on the screen. Null when the
+/// bitmap cannot be made.
+std::unique_ptr<CGBitmapContext> drawn(NSView& view, qreal pixelsPerPoint) {
+  try {
+    auto context = CGBitmapContext::create(view.bounds().size, pixelsPerPoint);
+    const bool wasPending = view.subtreeNeedsDisplay();
+    view.display(*context);
+    if (wasPending) view.setNeedsDisplay(true);
+    return context;
+  } catch (const CGContextError&) {
+    return nullptr;
+  }
+}
+
+/// Borrows the pixels of the context.
+QImage imageOf(CGBitmapContext& context) {
+  const int width = context.pixelWidth();
+  QImage image(reinterpret_cast<const uchar*>(context.pixels().data()), width,
+               context.pixelHeight(), qsizetype{4} * width, QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(context.backingScale());
+  return image;
+}
+
+}  // namespace
+
+PlotWidget::PlotWidget(QWidget* parent) : PlotWidget(std::make_shared<NSView>(), parent) {}
+
+PlotWidget::PlotWidget(std::shared_ptr<NSView> view, QWidget* parent)
+    : QWidget(parent), bitmap_(std::make_unique<WindowBitmap>()), sizeHint_(hintFor(view.get())) {
+  setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
+  if (sizeHint_.isValid()) resize(sizeHint_);
+  viewWindow_ = std::make_shared<NSWindow>(cgSize(size()));
+  viewWindow_->setContentView(std::move(view));
+  // What changes at any other time than in an event of this widget.
+  connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+          &PlotWidget::scheduleDisplay);
+}
+
+PlotWidget::~PlotWidget() = default;
+
+void PlotWidget::setContentView(std::shared_ptr<NSView> view) {
+  if (view == contentView()) return;
+  sizeHint_ = hintFor(view.get());
+  viewWindow_->setContentView(std::move(view));
+  updateGeometry();
+  update();
+}
+
+// Display
+
+void PlotWidget::scheduleDisplay() {
+  if (!isVisible()) return;
+  const CGRect dirty = viewWindow_->dirtyRect();
+  if (dirty.isEmpty()) return;
+  const QRectF rect(dirty.minX(), viewWindow_->contentSize().height - dirty.maxY(),
+                    dirty.size.width, dirty.size.height);
+  update(rect.toAlignedRect());
+}
+
+void PlotWidget::paintEvent(QPaintEvent*) {
+  if (!contentView()) return;
+  const CGColor background = cgColor(palette().color(backgroundRole()));
+  if (!bitmap_->update(*viewWindow_, devicePixelRatioF(), background)) return;
+  QPainter painter(this);
+  // At a fractional ratio the widget may begin inside a pixel of the window.
+  const QTransform toDevice = painter.deviceTransform();
+  const QPointF corner = toDevice.map(QPointF());
+  const QPointF aligned(std::round(corner.x()), std::round(corner.y()));
+  const QTransform fromDevice = toDevice.inverted();
+  const QImage image = bitmap_->image();
+  // And end inside another: the last pixels are repeated there.
+  const bool endsInsidePixel = image.deviceIndependentSize() != QSizeF(size());
+  if (endsInsidePixel) painter.drawImage(fromDevice.map(aligned + QPointF(1, 1)), image);
+  painter.drawImage(fromDevice.map(aligned), image);
+}
+
+void PlotWidget::resizeEvent(QResizeEvent*) {
+  viewWindow_->setContentSize(cgSize(size()));
+}
+
+bool PlotWidget::event(QEvent* event) {
+  const auto type = event->type();
+  if (type == QEvent::ScreenChangeInternal) update();
+  // The background is a part of what is kept.
+  if (type == QEvent::PaletteChange && contentView()) contentView()->setNeedsDisplay(true);
+  return QWidget::event(event);
+}
+
+// Events
+
+void PlotWidget::send(const NSEvent& event) {
+  pointer_ = event.locationInWindow;
+  const QPointer<PlotWidget> self(this);
+  viewWindow_->sendEvent(event);
+  if (self) scheduleDisplay();
+}
+
+void PlotWidget::sendMouse(const QMouseEvent& event, int clickCount) {
+  if (const auto translated = mouseEvent(event, height(), clickCount)) send(*translated);
+}
+
+void PlotWidget::mousePressEvent(QMouseEvent* event) {
+  clickCount_ = 1;
+  sendMouse(*event, clickCount_);
+}
+
+void PlotWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  clickCount_ = 2;
+  sendMouse(*event, clickCount_);
+}
+
+void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
+  sendMouse(*event, clickCount_);
+}
+
+void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
+  sendMouse(*event, 0);
+}
+
+void PlotWidget::wheelEvent(QWheelEvent* event) {
+  send(vexel::wheelEvent(*event, height(), kPointsPerNotch));
+}
+
+void PlotWidget::keyPressEvent(QKeyEvent* event) {
+  event->ignore();
+  send(keyEvent(*event, pointer_));
+}
+
+void PlotWidget::keyReleaseEvent(QKeyEvent* event) {
+  event->ignore();
+  send(keyEvent(*event, pointer_));
+}
+
+void PlotWidget::enterEvent(QEnterEvent* event) {
+  send({
+      .type = NSEventType::mouseEntered,
+      .locationInWindow = locationInWindow(event->position(), height()),
+      .modifierFlags = modifierFlags(event->modifiers()),
+      .timestamp = seconds(*event),
+  });
+}
+
+void PlotWidget::leaveEvent(QEvent*) {
+  send({
+      .type = NSEventType::mouseExited,
+      .locationInWindow = pointer_,
+      .modifierFlags = modifierFlags(QGuiApplication::queryKeyboardModifiers()),
+  });
+}
+
+// Copies
+
+QImage PlotWidget::image(qreal pixelsPerPoint) const {
+  const auto view = contentView();
+  const auto context = view ? drawn(*view, pixelsPerPoint) : nullptr;
+  return context ? imageOf(*context).copy() : QImage();
+}
+
+std::unique_ptr<QMimeData> PlotWidget::mimeData() const {
+  auto choice = std::make_unique<QMimeData>();
+  const auto view = contentView();
+  if (!view) return choice;
+  if (const QImage shown = image(kCopiedPixelsPerPoint * devicePixelRatioF()); !shown.isNull())
+    choice->setImageData(shown);
+  for (const auto& [name, type] :
+       {std::pair{"figure.pdf", "application/pdf"}, std::pair{"figure.svg", "image/svg+xml"}}) {
+    try {
+      choice->setData(type, QByteArray::fromStdString(figureData(*view, name, 1)));
+    } catch (const FigureExportError&) {
+      // Others may do.
+    }
+  }
+  return choice;
+}
+
+void PlotWidget::copy() const {
+  QGuiApplication::clipboard()->setMimeData(mimeData().release());
+}
+
+bool PlotWidget::print(QPagedPaintDevice& device) const {
+  const auto view = contentView();
+  if (!view || view->bounds().isEmpty()) return false;
+  QPainter painter;
+  if (!painter.begin(&device)) return false;
+
+  const QSizeF size(view->bounds().size.width, view->bounds().size.height);
+  const QSizeF page = painter.viewport().size();
+  const qreal natural = device.logicalDpiX() / kPointsPerInch;
+  const qreal reduced = std::min(page.width() / size.width(), page.height() / size.height());
+  const qreal scale = std::min(natural, reduced);
+  const qreal affordable = std::sqrt(kMostPrintedPixels / (size.width() * size.height()));
+  const auto context = drawn(*view, std::min(scale, affordable));
+  if (!context) return false;
+
+  const QRectF target(QPointF((page.width() - scale * size.width()) / 2, 0), scale * size);
+  const QImage printed = imageOf(*context);
+  painter.drawImage(target, printed, QRectF(QPointF(), QSizeF(printed.size())));
+  return painter.end();
+}
+
+}  // namespace vexel

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <AppKit/NSView.h>
+#include <AppKit/NSWindow.h>
+
+#include <QImage>
+#include <QMimeData>
+#include <QPagedPaintDevice>
+#include <QWidget>
+#include <memory>
+
+namespace vexel {
+
+/// A Qt widget that shows a tree of views, such as a PlotView with its figure, and hands them what
+/// the user does. It works in layouts, splitters and tabs like any widget, and one application may
+/// have many.
+///
+/// The views fill the widget: one point is one device-independent pixel, and they are drawn at the
+/// real ratio of the screen, which may be fractional and change at any time. A change of the
+/// widget's size reaches the views at once. What they have marked for display is drawn before the
+/// event loop next comes to rest, and nothing else is.
+///
+/// Presses, releases and drags of the left and the right button, moves, the wheel, keys, and the
+/// pointer's coming and going become NSEvents of the window whose views these are: viewWindow().
+/// Keys are also offered to the parent widget, since views do not tell whether they had a use for
+/// one. keyCode is the native scan code, timestamp counts in the seconds of Qt's events.
+///
+/// Views that draw nothing show the widget's background. To be used in the thread of the
+/// application's windows; the widget may be destroyed by what an event does.
+class PlotWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// One notch of a wheel scrolls by so many points; touchpads give points of their own.
+  static constexpr CGFloat kPointsPerNotch = 40;
+
+  /// Shows a plain view, which draws nothing.
+  explicit PlotWidget(QWidget* parent = nullptr);
+  /// Shows the view, whose present size becomes the size hint.
+  explicit PlotWidget(std::shared_ptr<NSView> contentView, QWidget* parent = nullptr);
+  ~PlotWidget() override;
+
+  /// The window that the views find above them; it lives as long as the widget.
+  NSWindow& viewWindow() const { return *viewWindow_; }
+
+  /// Null when there is none.
+  const std::shared_ptr<NSView>& contentView() const { return viewWindow_->contentView(); }
+  /// Shows another view, which is taken from where it was and made to fill the widget; its present
+  /// size becomes the size hint. Null shows nothing.
+  void setContentView(std::shared_ptr<NSView> view);
+
+  /// The size that the content view came with; invalid when it had none.
+  QSize sizeHint() const override { return sizeHint_; }
+
+  /// What the widget shows, at so many pixels per point, transparent where no view draws. Null when
+  /// there is nothing to show or the image would be too large for memory.
+  QImage image(qreal pixelsPerPoint) const;
+  /// What a copy gives others to choose from: an image at twice the pixels of the screen, PDF and
+  /// SVG, whichever of them can be made. Owned by the caller.
+  std::unique_ptr<QMimeData> mimeData() const;
+  /// Puts mimeData() onto the clipboard.
+  void copy() const;
+  /// Prints what the widget shows on one page at the resolution of the device, or the highest that
+  /// memory allows: centred at the top in its own size (a point is 1/72 inch), or reduced to fit
+  /// the page. False when it could not be printed.
+  bool print(QPagedPaintDevice& device) const;
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+
+ private:
+  void send(const NSEvent& event);
+  void sendMouse(const QMouseEvent& event, int clickCount);
+  void scheduleDisplay();
+
+  std::shared_ptr<NSWindow> viewWindow_;
+  std::unique_ptr<class WindowBitmap> bitmap_;
+  QSize sizeHint_;
+  CGPoint pointer_;
+  int clickCount_ = 0;
+};
+
+}  // namespace vexel

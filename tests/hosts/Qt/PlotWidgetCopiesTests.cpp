@@ -1,0 +1,110 @@
+#include <Vexel/PlotView.h>
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QPdfWriter>
+#include <QRegularExpression>
+
+#include "ShownWidget.h"
+
+namespace vexel {
+namespace {
+
+class Disc : public NSView {
+ public:
+  using NSView::NSView;
+
+  void draw(CGContext& context, CGRect) override {
+    CGMutablePath path;
+    path.addEllipse(bounds().insetBy(10, 10));
+    context.fill(path, CGColor::deviceRGB(0, 0, 1));
+  }
+};
+
+class PlotWidgetCopies : public testing::Test {
+ protected:
+  PlotWidgetCopies() { showOn(widget, 1.25); }
+
+  std::shared_ptr<Disc> view = std::make_shared<Disc>(CGRect::make(0, 0, 200, 120));
+  PlotWidget widget{view};
+};
+
+TEST_F(PlotWidgetCopies, AnImageIsTransparentWhereNoViewDraws) {
+  const QImage image = widget.image(2);
+  EXPECT_EQ(image.size(), QSize(400, 240));
+  EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+  EXPECT_EQ(image.pixelColor(200, 120), QColor(0, 0, 255));
+}
+
+TEST_F(PlotWidgetCopies, TheClipboardHoldsAnImageAndVectors) {
+  widget.copy();
+  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+  EXPECT_EQ(qvariant_cast<QImage>(data->imageData()).size(), QSize(500, 300));
+  EXPECT_TRUE(data->data("application/pdf").startsWith("%PDF"));
+  EXPECT_TRUE(data->data("image/svg+xml").contains("<svg"));
+}
+
+TEST_F(PlotWidgetCopies, NothingShownIsNothingCopied) {
+  widget.setContentView(nullptr);
+  EXPECT_TRUE(widget.mimeData()->formats().isEmpty());
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter page(&buffer);
+  EXPECT_FALSE(widget.print(page));
+}
+
+TEST_F(PlotWidgetCopies, CopiesLeaveMarkedWhatIsToBeDrawn) {
+  settle();
+  ASSERT_FALSE(widget.viewWindow().needsDisplay());
+  widget.image(1);
+  EXPECT_FALSE(widget.viewWindow().needsDisplay());
+  view->setNeedsDisplay(true);
+  widget.image(1);
+  widget.mimeData();
+  EXPECT_TRUE(widget.viewWindow().needsDisplay());
+}
+
+struct Page {
+  double widthInches;
+  int dotsPerInch;
+  QSize size;
+  QSize expected;
+};
+
+TEST_F(PlotWidgetCopies, APageHoldsItInItsOwnSizeOrReducedAtTheResolutionOfThePrinter) {
+  // 200 x 120 points are 2.78 x 1.67 inches.
+  const Page pages[] = {
+      {8, 72, {200, 120}, {200, 120}},
+      {8, 300, {200, 120}, {833, 500}},
+      {1, 300, {200, 120}, {300, 180}},
+      {8, 1200, {1400, 1400}, {8192, 8192}},
+  };
+  for (const auto& [inches, dots, size, expected] : pages) {
+    widget.resize(size);
+    settle();
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    {
+      QPdfWriter page(&buffer);
+      page.setResolution(dots);
+      page.setPageSize(QPageSize(QSizeF(inches, 20), QPageSize::Inch));
+      page.setPageMargins({0, 0, 0, 0});
+      EXPECT_TRUE(widget.print(page));
+    }
+    const QString file = QString::fromLatin1(buffer.data());
+    const auto image =
+        QRegularExpression("/Subtype /Image\\s+/Width (\\d+)\\s+/Height (\\d+)").match(file);
+    ASSERT_TRUE(image.hasMatch());
+    EXPECT_NEAR(image.captured(1).toInt(), expected.width(), 1) << inches << ' ' << dots;
+    EXPECT_NEAR(image.captured(2).toInt(), expected.height(), 1) << inches << ' ' << dots;
+  }
+}
+
+TEST_F(PlotWidgetCopies, APrinterThatCannotBeginIsReported) {
+  QPdfWriter page("/no such folder/page.pdf");
+  EXPECT_FALSE(widget.print(page));
+}
+
+}  // namespace
+}  // namespace vexel
