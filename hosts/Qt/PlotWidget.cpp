@@ -93,11 +93,10 @@ void PlotWidget::setContentView(std::shared_ptr<NSView> view) {
 
 void PlotWidget::scheduleDisplay() {
   if (!isVisible()) return;
-  const CGRect dirty = viewWindow_->dirtyRect();
-  if (dirty.isEmpty()) return;
-  const QRectF rect(dirty.minX(), viewWindow_->contentSize().height - dirty.maxY(),
-                    dirty.size.width, dirty.size.height);
-  update(rect.toAlignedRect());
+  for (const CGRect& dirty : viewWindow_->dirtyRects()) {
+    const QRectF rect(dirty.minX(), height() - dirty.maxY(), dirty.size.width, dirty.size.height);
+    update(rect.toAlignedRect());
+  }
 }
 
 void PlotWidget::paintEvent(QPaintEvent*) {

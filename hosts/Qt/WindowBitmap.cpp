@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace vexel {
 
@@ -30,7 +31,7 @@ CGSize coveredPart(CGSize size, CGFloat ratio) {
 
 bool WindowBitmap::update(NSWindow& window, qreal ratio, const CGColor& background) {
   const CGSize size = window.contentSize();
-  CGRect dirty = window.dirtyRect();
+  std::vector<CGRect> dirty = window.dirtyRects();
   if (!context_ || size_ != size || context_->backingScale() != ratio) {
     context_.reset();
     try {
@@ -39,14 +40,15 @@ bool WindowBitmap::update(NSWindow& window, qreal ratio, const CGColor& backgrou
       return false;
     }
     size_ = size;
-    dirty = {{}, size};
+    dirty = {CGRect{{}, size}};
   }
-  if (dirty.isEmpty()) return true;
-  dirty = wholePixels(dirty, ratio, context_->pixelHeight());
-  const CGSavedState state(*context_);
-  context_->clip(dirty);
-  context_->fillAligned(dirty, background);
-  window.displayRect(dirty, *context_);
+  for (const CGRect& rect : dirty) {
+    const CGRect part = wholePixels(rect, ratio, context_->pixelHeight());
+    const CGSavedState state(*context_);
+    context_->clip(part);
+    context_->fillAligned(part, background);
+    window.displayRect(part, *context_);
+  }
   return true;
 }
 

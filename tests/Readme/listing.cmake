@@ -1,5 +1,5 @@
-# cmake -DREADME=<file> -DPROGRAM=<file> -P listing.cmake: fails unless the first C++ listing of the
-# page is the program, to the letter.
+# cmake -DREADME=<file> -DPROGRAM=<file> -P listing.cmake: fails unless a C++ listing of the page
+# is the program, to the letter.
 file(READ ${README} page)
 file(READ ${PROGRAM} program)
 string(FIND "${page}" "```cpp\n${program}```" place)
