@@ -135,6 +135,7 @@ std::vector<Band> bandsOf(const ImpactSample& sample, std::size_t time,
   for (std::size_t i = 0; i < counts.counts.size(); ++i) middles.push_back(counts.middle(i));
   std::vector<Band> bands = {makeBand("Impacts per " + std::to_string(kDaysPerBar) + " days",
                                       BandStyle::bars, std::move(middles), counts.counts)};
+  bands.front().otherUnit = {.title = "Impacts per day", .size = kDaysPerBar};
   for (Band& band : bandsOf(sample.table, time, chosen.empty() ? kDefault : chosen, file))
     bands.push_back(std::move(band));
   return bands;

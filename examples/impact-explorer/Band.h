@@ -11,6 +11,13 @@ namespace explorer {
 
 enum class BandStyle { bars, line, symbols };
 
+/// What a quantity is read in besides its own unit.
+struct OtherUnit {
+  std::string title;
+  /// In units of the quantity.
+  double size = 1;
+};
+
 /// One quantity over time, and how it is shown.
 struct Band {
   std::string title;
@@ -24,6 +31,8 @@ struct Band {
   bool logarithmic = false;
   double lower = 0;
   double upper = 1;
+  /// On an axis of its own on the right.
+  std::optional<OtherUnit> otherUnit = std::nullopt;
 };
 
 /// The span of all finite times of the bands; at least a day wide around a single moment.

@@ -1,5 +1,6 @@
 #include "ImpactFigure.h"
 
+#include <Foundation/NSNumberFormatter.h>
 #include <VexelWithMarkers/PlotMarker.h>
 #include <fmt/format.h>
 
@@ -15,10 +16,13 @@ namespace {
 // Room of a band on the left, top, right and bottom of its plot area, and what the lowest band
 // takes in addition for the labels and the title of the time axis, in points.
 const std::vector<CGFloat> kBandPadding = {78, 9, 22, 9};
+// What a band with a right axis takes instead on the right; the plot areas stay below each other.
+constexpr CGFloat kRightAxisPadding = 64;
 constexpr CGFloat kTopPadding = 10;
 constexpr CGFloat kTimeAxisPadding = 44;
 constexpr float kTimeTitleOffset = 22;
 constexpr float kValueTitleOffset = 46;
+constexpr float kRightTitleOffset = 38;
 
 // Julian days that the calendar of the time axis knows.
 constexpr double kFirstDay = 0;
@@ -36,6 +40,21 @@ constexpr double kRoomBeside = 0.75;
 constexpr float kNoteSize = 12;
 // Where the note on the perihelion stands in its band, from the bottom.
 constexpr double kPerihelionNoteHeight = 0.8;
+
+/// Writes numbers in another unit.
+class UnitFormatter : public NSNumberFormatter {
+ public:
+  explicit UnitFormatter(double unit) : unit_(unit) {
+    setMinimumIntegerDigits(1);
+    setMaximumFractionDigits(3);
+  }
+  std::string string(double value) const override {
+    return NSNumberFormatter::string(value / unit_);
+  }
+
+ private:
+  double unit_;
+};
 
 constexpr double kAbsent = std::numeric_limits<double>::quiet_NaN();
 
@@ -74,6 +93,8 @@ void ImpactFigure::refresh(const std::vector<double>& presented) {
 void ImpactFigure::addBand(std::size_t index) {
   const std::size_t fromBottom = bands_.size() - 1 - index;
   std::vector<CGFloat> padding = kBandPadding;
+  if (std::any_of(bands_.begin(), bands_.end(), [](const Band& b) { return b.otherUnit; }))
+    padding[2] = kRightAxisPadding;
   if (index == 0 && bands_.size() > 1) padding[1] += kTopPadding;
   if (fromBottom == 0) padding[3] += kTimeAxisPadding;
   const auto graph = format(hostingViews()[fromBottom], {0, 0, 0, 0}, padding);
@@ -111,6 +132,19 @@ void ImpactFigure::addAxes(const std::shared_ptr<CPTXYGraph>& graph, const Band&
                          .tickMarks = true,
                          .rightAxis = false,
                      });
+  if (band.otherUnit)
+    formatYAxis(graph, {
+                           .title = band.otherUnit->title,
+                           .titleOffset = kRightTitleOffset,
+                           .yRange = std::vector{band.lower, band.upper},
+                           .yScale = 1.0,
+                           .formatter = std::make_shared<UnitFormatter>(band.otherUnit->size),
+                           .gridLines = false,
+                           .minorGridLines = false,
+                           .noLabels = false,
+                           .tickMarks = true,
+                           .rightAxis = true,
+                       });
   if (band.logarithmic)
     std::dynamic_pointer_cast<CPTXYPlotSpace>(graph->defaultPlotSpace())
         ->setYScaleType(CPTScaleTypeLog);
