@@ -42,6 +42,8 @@ struct TimeSpan {
 
   /// Whether the calendar of time axes knows all of it.
   bool isInCalendar() const { return start >= 0 && end <= 5373484; }
+
+  friend bool operator==(const TimeSpan&, const TimeSpan&) = default;
 };
 
 /// A band with the value axis that suits its values.

@@ -55,7 +55,7 @@ ColorCoding codingOf(const Column& column) {
 }
 
 ColorBarDefinition ColorCoding::definition() const {
-  ColorBarDefinition definition = *quantity.getColors(values, std::nullopt);
+  ColorBarDefinition definition = *quantity.getColors(values, table);
   definition.title = title;
   // Dust charges have a bar without numbers, which other linear quantities need.
   definition.formatter = nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ struct ColorCoding {
   std::string title;
   /// One per symbol; NaN where there is none.
   std::vector<double> values;
+
+  /// Absent: the one that the quantity has.
+  std::optional<vexel::PlotCT> table = std::nullopt;
 
   /// What the colour bar shows, with a colour per value that is there.
   vexel::ColorBarDefinition definition() const;

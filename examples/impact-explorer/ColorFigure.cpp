@@ -1,14 +1,16 @@
 #include "ColorFigure.h"
 
+#include "ImpactFigure.h"
+
 namespace explorer {
 
 using namespace vexel;
 
 namespace {
 
-constexpr float kTimeTitleOffset = 22;
-constexpr float kValueTitleOffset = 46;
 constexpr float kSymbolSize = 5;
+// Below the plot areas, where others label the time, in points.
+constexpr CGFloat kBottomPadding = 14;
 
 }  // namespace
 
@@ -18,9 +20,16 @@ void ColorFigure::setupPlot() {
   formatColorBarPlotViews();
   if (!figureGraph()) return;
   graphs() = {figureGraph(), colorbarGraph()};
-  addAxes();
+  if (place_ == Place::above) makeRoomForBelow();
+  addValueAxis(figureGraph(), band_);
+  showTime(timeSpan({band_}));
   addSeries();
   createColorbar(definition_);
+}
+
+void ColorFigure::makeRoomForBelow() {
+  figureGraph()->plotAreaFrame()->setPaddingLeft(ImpactFigure::kLeftPadding);
+  for (const auto& graph : graphs()) graph->plotAreaFrame()->setPaddingBottom(kBottomPadding);
 }
 
 void ColorFigure::draw(const std::vector<double>&) {
@@ -30,39 +39,6 @@ void ColorFigure::draw(const std::vector<double>&) {
 void ColorFigure::refresh(const std::vector<double>& presented) {
   for (const auto& graph : graphs()) graph->reloadData();
   draw(presented);
-}
-
-void ColorFigure::addAxes() {
-  const TimeSpan span = timeSpan({band_});
-  const auto lowerEdge = CPTConstraints::constraintWithLowerOffset(0);
-  formatXAxis(figureGraph(), {
-                                 .title = "Julian date",
-                                 .titleOffset = kTimeTitleOffset,
-                                 .xRange = std::vector{span.start, span.end},
-                                 .axisConstraints = lowerEdge,
-                                 .gridLines = true,
-                                 .noLabels = false,
-                                 .tickMarks = true,
-                                 .timeAxis = span.isInCalendar(),
-                                 .upperAxis = false,
-                                 .onNewPlotSpace = false,
-                                 .separateLayers = false,
-                             });
-  formatYAxis(figureGraph(), {
-                                 .title = band_.title,
-                                 .titleOffset = kValueTitleOffset,
-                                 .axisConstraints = lowerEdge,
-                                 .yRange = std::vector{band_.lower, band_.upper},
-                                 .yScale = 1.0,
-                                 .gridLines = true,
-                                 .minorGridLines = false,
-                                 .noLabels = false,
-                                 .tickMarks = true,
-                                 .rightAxis = false,
-                             });
-  if (band_.logarithmic)
-    std::dynamic_pointer_cast<CPTXYPlotSpace>(figureGraph()->defaultPlotSpace())
-        ->setYScaleType(CPTScaleTypeLog);
 }
 
 void ColorFigure::addSeries() {
@@ -82,16 +58,18 @@ void ColorFigure::addSeries() {
   series->setPlotSymbol(symbol);
 }
 
-std::size_t ColorFigure::numberOfRecords(const CPTPlot&) {
-  return band_.times.size();
+std::size_t ColorFigure::numberOfRecords(const CPTPlot& plot) {
+  return isMarker(plot) ? TimeFigure::numberOfRecords(plot) : band_.times.size();
 }
 
-std::optional<CPTNumericData> ColorFigure::numbers(const CPTPlot&, unsigned field, CPTRecordRange) {
+std::optional<CPTNumericData> ColorFigure::numbers(const CPTPlot& plot, unsigned field,
+                                                   CPTRecordRange) {
+  if (isMarker(plot)) return std::nullopt;
   return field == CPTScatterPlotFieldX ? band_.times : band_.values;
 }
 
-CPTColorList ColorFigure::symbolColors(const CPTScatterPlot&, CPTRecordRange) {
-  return definition_.colors;
+CPTColorList ColorFigure::symbolColors(const CPTScatterPlot& plot, CPTRecordRange) {
+  return isMarker(plot) ? CPTColorList() : definition_.colors;
 }
 
 }  // namespace explorer

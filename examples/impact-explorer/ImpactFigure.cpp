@@ -4,7 +4,6 @@
 #include <VexelWithMarkers/PlotMarker.h>
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <limits>
 
 namespace explorer {
@@ -13,20 +12,15 @@ using namespace vexel;
 
 namespace {
 
-// Room of a band on the left, top, right and bottom of its plot area, and what the lowest band
-// takes in addition for the labels and the title of the time axis, in points.
-const std::vector<CGFloat> kBandPadding = {78, 9, 22, 9};
-// What a band with a right axis takes instead on the right; the plot areas stay below each other.
+// Room of a band above and below its plot area, and what the lowest band takes in addition for the
+// labels and the title of the time axis, in points.
+constexpr CGFloat kBandPadding = 9;
+constexpr CGFloat kRightPadding = 22;
+// On the right when a band has a right axis; the plot areas stay below each other.
 constexpr CGFloat kRightAxisPadding = 64;
 constexpr CGFloat kTopPadding = 10;
 constexpr CGFloat kTimeAxisPadding = 44;
-constexpr float kTimeTitleOffset = 22;
-constexpr float kValueTitleOffset = 46;
 constexpr float kRightTitleOffset = 38;
-
-// Julian days that the calendar of the time axis knows.
-constexpr double kFirstDay = 0;
-constexpr double kLastDay = 5373484;
 
 constexpr float kLineWidth = 1.5;
 constexpr float kSymbolSize = 3;
@@ -56,9 +50,8 @@ class UnitFormatter : public NSNumberFormatter {
   double unit_;
 };
 
-constexpr double kAbsent = std::numeric_limits<double>::quiet_NaN();
-
 std::vector<double> doubles(const PlotMarker::Numbers& numbers) {
+  constexpr double kAbsent = std::numeric_limits<double>::quiet_NaN();
   std::vector<double> result;
   for (const auto& number : numbers) result.push_back(number ? number->doubleValue() : kAbsent);
   return result;
@@ -78,7 +71,9 @@ NSColor bandColor(std::size_t index, double alpha) {
 void ImpactFigure::setupPlot() {
   setViews(static_cast<int>(bands_.size()), kTopPadding, kTimeAxisPadding);
   for (std::size_t i = 0; i < bands_.size(); ++i) addBand(i);
-  if (highlights_ && !bands_.empty()) addHighlights();
+  const TimeSpan span = timeSpan(bands_);
+  showTime(span);
+  if (highlights_ && !bands_.empty()) addHighlights(span);
 }
 
 void ImpactFigure::draw(const std::vector<double>&) {
@@ -92,64 +87,41 @@ void ImpactFigure::refresh(const std::vector<double>& presented) {
 
 void ImpactFigure::addBand(std::size_t index) {
   const std::size_t fromBottom = bands_.size() - 1 - index;
-  std::vector<CGFloat> padding = kBandPadding;
-  if (std::any_of(bands_.begin(), bands_.end(), [](const Band& b) { return b.otherUnit; }))
-    padding[2] = kRightAxisPadding;
+  std::vector<CGFloat> padding = {kLeftPadding, kBandPadding, rightPadding(), kBandPadding};
   if (index == 0 && bands_.size() > 1) padding[1] += kTopPadding;
   if (fromBottom == 0) padding[3] += kTimeAxisPadding;
   const auto graph = format(hostingViews()[fromBottom], {0, 0, 0, 0}, padding);
   graphs().push_back(graph);
-  addAxes(graph, bands_[index], fromBottom == 0);
+  addValueAxis(graph, bands_[index]);
+  if (bands_[index].otherUnit) addOtherUnit(graph, bands_[index]);
   addSeries(graph, index);
 }
 
-void ImpactFigure::addAxes(const std::shared_ptr<CPTXYGraph>& graph, const Band& band,
-                           bool isLowest) {
-  const auto [start, end] = timeSpan(bands_);
-  const auto lowerEdge = CPTConstraints::constraintWithLowerOffset(0);
-  formatXAxis(graph, {
-                         .title = isLowest ? std::optional("Julian date") : std::nullopt,
-                         .titleOffset = kTimeTitleOffset,
-                         .xRange = std::vector{start, end},
-                         .axisConstraints = lowerEdge,
-                         .gridLines = true,
-                         .noLabels = !isLowest,
-                         .tickMarks = true,
-                         .timeAxis = start >= kFirstDay && end <= kLastDay,
-                         .upperAxis = false,
-                         .onNewPlotSpace = false,
-                         .separateLayers = false,
-                     });
+void ImpactFigure::addOtherUnit(const std::shared_ptr<CPTXYGraph>& graph, const Band& band) {
   formatYAxis(graph, {
-                         .title = band.title,
-                         .titleOffset = kValueTitleOffset,
-                         .axisConstraints = lowerEdge,
+                         .title = band.otherUnit->title,
+                         .titleOffset = kRightTitleOffset,
                          .yRange = std::vector{band.lower, band.upper},
                          .yScale = 1.0,
-                         .gridLines = true,
+                         .formatter = std::make_shared<UnitFormatter>(band.otherUnit->size),
+                         .gridLines = false,
                          .minorGridLines = false,
                          .noLabels = false,
                          .tickMarks = true,
-                         .rightAxis = false,
+                         .rightAxis = true,
                      });
-  if (band.otherUnit)
-    formatYAxis(graph, {
-                           .title = band.otherUnit->title,
-                           .titleOffset = kRightTitleOffset,
-                           .yRange = std::vector{band.lower, band.upper},
-                           .yScale = 1.0,
-                           .formatter = std::make_shared<UnitFormatter>(band.otherUnit->size),
-                           .gridLines = false,
-                           .minorGridLines = false,
-                           .noLabels = false,
-                           .tickMarks = true,
-                           .rightAxis = true,
-                       });
-  if (band.logarithmic)
-    std::dynamic_pointer_cast<CPTXYPlotSpace>(graph->defaultPlotSpace())
-        ->setYScaleType(CPTScaleTypeLog);
+}
+
+CGFloat ImpactFigure::rightPadding() const {
+  if (rightPadding_) return *rightPadding_;
+  const bool hasRightAxis =
+      std::any_of(bands_.begin(), bands_.end(), [](const Band& b) { return b.otherUnit; });
+  return hasRightAxis ? kRightAxisPadding : kRightPadding;
+}
+
+bool ImpactFigure::isLabelled(const CPTXYGraph& graph) {
   // Only the lowest band says what time it is.
-  if (!isLowest) graph->axisSet()->axes().front()->setTitle(std::nullopt);
+  return &graph == graphs().back().get();
 }
 
 void ImpactFigure::addSeries(const std::shared_ptr<CPTXYGraph>& graph, std::size_t index) {
@@ -186,12 +158,8 @@ void ImpactFigure::addSeries(const std::shared_ptr<CPTXYGraph>& graph, std::size
   });
 }
 
-void ImpactFigure::addHighlights() {
-  const auto [start, end] = timeSpan(bands_);
-  auxiliaryValues() = {start, end};
-  for (const auto& graph : graphs()) setPermanentVerticalMarker(highlights_->perihelionDay, graph);
-  perihelionLines_.clear();
-  for (const Band& band : bands_) perihelionLines_.push_back(perihelionLine(band));
+void ImpactFigure::addHighlights(const TimeSpan& span) {
+  setPins({highlights_->perihelionDay});
   addBox();
 
   const NSColor color = theme().plotColor();
@@ -200,7 +168,7 @@ void ImpactFigure::addHighlights() {
   note.append("min", {.fontSize = kNoteSize, .color = color, .superscript = -1});
   note.append(fmt::format(" = {:.2f} au", highlights_->perihelionDistance),
               {.fontSize = kNoteSize, .color = color});
-  const double fraction = (highlights_->perihelionDay - start) / (end - start);
+  const double fraction = (highlights_->perihelionDay - span.start) / (span.end - span.start);
   addAnnotation(note, {.graph = graphs().front(),
                        .anchorPointNormal = std::vector{fraction, kPerihelionNoteHeight}});
 }
@@ -235,34 +203,18 @@ void ImpactFigure::addBox() {
                  .fontSize = kNoteSize});
 }
 
-ImpactFigure::Line ImpactFigure::perihelionLine(const Band& band) {
-  const PlotMarker marker(PlotMarker::Arguments{
-      .type = PlotMarker::MarkerType::verticalLine,
-      .x = permanentVerticalMarkerX(),
-      .y = 0.0f,
-      .xRange = std::vector<double>(),
-      .yRange = std::vector<float>(),
-      .rotate = false,
-  });
-  return {doubles(marker.lineX()), {band.lower, band.upper, kAbsent}};
-}
-
 ImpactFigure::Points ImpactFigure::pointsOf(const CPTPlot& plot) {
   const auto points = [](const auto& series) { return Points{series.times, series.values}; };
-  if (plot.identifier() == kBox) return points(box_);
-  if (plot.identifier() != kPermanentVerticalMarker)
-    return points(bands_[std::stoul(plot.identifier())]);
-  const auto graph = std::find_if(graphs().begin(), graphs().end(),
-                                  [&](const auto& g) { return g.get() == plot.graph(); });
-  return points(perihelionLines_[static_cast<std::size_t>(graph - graphs().begin())]);
+  return plot.identifier() == kBox ? points(box_) : points(bands_[std::stoul(plot.identifier())]);
 }
 
 std::size_t ImpactFigure::numberOfRecords(const CPTPlot& plot) {
-  return pointsOf(plot).times.size();
+  return isMarker(plot) ? TimeFigure::numberOfRecords(plot) : pointsOf(plot).times.size();
 }
 
 std::optional<CPTNumericData> ImpactFigure::numbers(const CPTPlot& plot, unsigned field,
                                                     CPTRecordRange) {
+  if (isMarker(plot)) return std::nullopt;
   const Points points = pointsOf(plot);
   return field == CPTScatterPlotFieldX ? points.times : points.values;
 }

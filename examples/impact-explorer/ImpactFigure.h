@@ -5,19 +5,26 @@
 
 #include <Vexel/Adopter.h>
 #include <VexelWithMarkers/VexelWithMarkers.h>
-
 #include "Band.h"
 #include "Highlights.h"
+#include "TimeFigure.h"
 
 namespace explorer {
 
 /// Bands over a common time axis, the first one on top. Highlights are marked: the perihelion by a
 /// line through all bands, the strongest stream by a box in the first.
-class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers> {
+class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers>, public TimeFigure {
  public:
+  /// Between the left edge and the plot areas, in points.
+  static constexpr vexel::CGFloat kLeftPadding = 78;
+
+  /// `rightPadding` is left free on the right of the plot areas; absent: what the axes need.
   explicit ImpactFigure(std::vector<Band> bands,
-                        std::optional<Highlights> highlights = std::nullopt)
-      : bands_(std::move(bands)), highlights_(std::move(highlights)) {}
+                        std::optional<Highlights> highlights = std::nullopt,
+                        std::optional<vexel::CGFloat> rightPadding = std::nullopt)
+      : bands_(std::move(bands)), highlights_(std::move(highlights)), rightPadding_(rightPadding) {}
+
+  const std::vector<Band>& bands() const { return bands_; }
 
   void setupPlot() override;
   void draw(const std::vector<double>& presented) override;
@@ -27,11 +34,15 @@ class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers> {
   std::optional<vexel::CPTNumericData> numbers(const vexel::CPTPlot& plot, unsigned field,
                                                vexel::CPTRecordRange records) override;
 
+ protected:
+  bool isLabelled(const vexel::CPTXYGraph& graph) override;
+
  private:
+  vexel::CGFloat rightPadding() const;
   void addBand(std::size_t index);
-  void addAxes(const std::shared_ptr<vexel::CPTXYGraph>& graph, const Band& band, bool isLowest);
+  void addOtherUnit(const std::shared_ptr<vexel::CPTXYGraph>& graph, const Band& band);
   void addSeries(const std::shared_ptr<vexel::CPTXYGraph>& graph, std::size_t index);
-  void addHighlights();
+  void addHighlights(const TimeSpan& span);
   void addBox();
 
   /// The corners of a line, an absent one (NaN) at the end.
@@ -44,12 +55,10 @@ class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers> {
     const std::vector<double>& values;
   };
   Points pointsOf(const vexel::CPTPlot& plot);
-  Line perihelionLine(const Band& band);
 
   std::vector<Band> bands_;
   std::optional<Highlights> highlights_;
-  /// Per band.
-  std::vector<Line> perihelionLines_;
+  std::optional<vexel::CGFloat> rightPadding_;
   Line box_;
 };
 
