@@ -4,6 +4,7 @@
 #include <VexelWithMarkers/PlotMarker.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace explorer {
