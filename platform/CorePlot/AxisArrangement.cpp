@@ -18,6 +18,8 @@ using Label = AxisLayout::Text;
 constexpr CGFloat kAxisGap = 6;
 // Between the labels of two axes, and between a label and the line of another axis.
 constexpr CGFloat kCornerGap = 1;
+// Boxes of texts may share this much, because the texts have a padding.
+constexpr CGFloat kSharedPadding = CPTTextLayer::kDefaultPadding;
 // Axes that are less than this apart stand at the same place.
 constexpr CGFloat kSamePlace = 0.5;
 
@@ -88,7 +90,8 @@ class Arranger {
 
  private:
   bool liesOnGraphTitle(const Label& text) const {
-    return !text.box().intersection(graphTitle_).isEmpty();
+    const CGSize common = text.box().intersection(graphTitle_).size;
+    return std::min(common.width, common.height) > kSharedPadding;
   }
 
   /// What an axis can be seen in: a horizontal one below the title of the graph.

@@ -421,6 +421,31 @@ TEST_F(XAxis, OfTimeIsShownWithLabels) {
   EXPECT_THAT(dump(*graph), HasSubstr("labels \"011\" \"012\" \"013\" \"014\" \"015\" \"016\"\n"));
 }
 
+TEST_F(XAxis, OfEighteenHoursShowsTimesThatPartTheDayAtEveryWidth) {
+  XAxisArguments arguments = time();
+  const double noon = kNewYear2001 + 0.5;
+  arguments.xRange = std::vector{noon - 1 / 24.0, noon + 17 / 24.0};
+  const struct {
+    CGFloat width;
+    const char* labels;
+  } rows[] = {
+      {800, "11:00\" \"12:00\" \"13:00"},
+      {400,
+       "12:00\" \"14:00\" \"16:00\" \"18:00\" \"20:00\" \"22:00\" \"00:00\" \"02:00\" \"04:00"},
+      {300, "12:00\" \"15:00\" \"18:00\" \"21:00\" \"00:00\" \"03:00"},
+      {240, "12:00\" \"16:00\" \"20:00\" \"00:00\" \"04:00"},
+      {170, "12:00\" \"18:00\" \"00:00"},
+      {100, "12:00\" \"00:00"},
+  };
+  for (const auto& [width, labels] : rows) {
+    graph->setFrame(CGRect::make(0, 0, width, 200));
+    const auto axis = format(arguments);
+    EXPECT_THAT(dump(*graph), HasSubstr(std::string("    labels \"") + labels + "\"")) << width;
+    EXPECT_EQ(axis->axisLabels().size(), 19u);
+    EXPECT_EQ(axis->majorTickLocations().size(), 19u);
+  }
+}
+
 TEST_F(XAxis, TakesATitleOnlyWhenItIsGiven) {
   XAxisArguments arguments = plain();
   EXPECT_EQ(format(arguments)->title(), std::nullopt);

@@ -6,7 +6,10 @@
 #include <Foundation/NSNumberFormatter.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <string>
 #include <utility>
@@ -19,6 +22,12 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+/// By more than the padding around texts.
+bool overlap(const CGRect& a, const CGRect& b) {
+  const CGSize common = a.intersection(b).size;
+  return std::min(common.width, common.height) > 1;
+}
 
 class AxisArrangementTest : public testing::Test {
  protected:
@@ -282,9 +291,9 @@ TEST_F(AxisArrangementTest, TheTitleOfTheGraphStandsClearOfUpperAxes) {
     ASSERT_FALSE(layout.labels.empty());
     const CGRect label = layout.labels[2].box();
     // Labels before the title of the graph before the title of the axis.
-    EXPECT_EQ(arrangement.showsGraphTitle, label.intersection(title).isEmpty()) << padding;
+    EXPECT_EQ(arrangement.showsGraphTitle, !overlap(label, title)) << padding;
     if (arrangement.showsGraphTitle && layout.title) {
-      EXPECT_TRUE(layout.title->box().intersection(title).isEmpty()) << padding;
+      EXPECT_FALSE(overlap(layout.title->box(), title)) << padding;
       EXPECT_GE(layout.title->box().minY(), label.maxY()) << padding;
     }
     const std::string drawing = recorded(*graph);
@@ -428,6 +437,68 @@ TEST_F(AxisArrangementTest, ADelegateOfAnotherKindIsNotTold) {
   x->setDelegate(&delegate);
   CGNullContext context;
   graph->displayChart(context);
+}
+
+// Any figure
+
+RC_GTEST_FIXTURE_PROP(AxisArrangementTest, NoTextLiesOnAnotherOrOutsideAtUsualPaddings, ()) {
+  const auto between = [](int low, int high) { return *rc::gen::inRange(low, high + 1); };
+  const int rightAxes = between(0, 2);
+  const bool hasUpper = *rc::gen::arbitrary<bool>();
+  graph->setFrame(CGRect::make(0, 0, between(400, 1000), between(250, 700)));
+  graph->setPaddingLeft(between(80, 110));
+  graph->setPaddingBottom(between(60, 80));
+  graph->setPaddingTop(hasUpper ? between(70, 90) : between(30, 60));
+  graph->setPaddingRight(30 + 85 * rightAxes);
+  if (*rc::gen::arbitrary<bool>()) graph->setTitle("Impacts of a year");
+
+  const auto space = spaceOf(*graph);
+  const auto chooseScale = [&](CPTCoordinate coordinate) {
+    const bool logarithmic = *rc::gen::arbitrary<bool>();
+    const double magnitude = std::pow(10, between(-12, 6));
+    const CPTPlotRange range =
+        logarithmic ? CPTPlotRange(magnitude, magnitude * std::pow(10, between(0, 12)))
+                    : CPTPlotRange(magnitude * between(-50, 50), magnitude * between(1, 50));
+    if (coordinate == CPTCoordinate::X) {
+      space->setXRange(range);
+      space->setXScaleType(logarithmic ? CPTScaleType::log : CPTScaleType::linear);
+    } else {
+      space->setYRange(range);
+      space->setYScaleType(logarithmic ? CPTScaleType::log : CPTScaleType::linear);
+    }
+    return niceInterval(range.lengthDouble(), between(2, 12));
+  };
+  const double intervals[] = {chooseScale(CPTCoordinate::X), chooseScale(CPTCoordinate::Y)};
+  for (int i = 0; i < rightAxes; ++i) add(CPTCoordinate::Y);
+  if (hasUpper) add(CPTCoordinate::X);
+  const double fontSize = between(9, 14);
+  const std::string titles[] = {"", "Charge [fC]", "Charge of the largest impacts of a year [fC]"};
+  x->setAxisConstraints(CPTConstraints::constraintWithLowerOffset(0));
+  y->setAxisConstraints(CPTConstraints::constraintWithLowerOffset(0));
+  for (const auto& axis : axesOf(*graph)->axes()) {
+    axis->setMajorIntervalLength(intervals[axis->coordinate() == CPTCoordinate::X ? 0 : 1]);
+    axis->setLabelTextStyle(CPTTextStyle{.fontSize = fontSize});
+    axis->setTitleTextStyle(CPTTextStyle{.fontSize = fontSize});
+    axis->setTitleOffset(between(20, 50));
+    axis->setTitle(titles[between(0, 2)]);
+  }
+
+  const AxisArrangement arrangement(*graph);
+  const CGRect view = arrangement.surroundings.view;
+  auto boxes = textBoxes();
+  for (const CGRect& box : boxes) {
+    RC_ASSERT(box.minX() >= view.minX() - 1 && box.maxX() <= view.maxX() + 1);
+    RC_ASSERT(box.minY() >= view.minY() - 1 && box.maxY() <= view.maxY() + 1);
+  }
+  if (graph->title()) RC_ASSERT(arrangement.showsGraphTitle);
+  if (graph->title()) boxes.push_back(arrangement.surroundings.graphTitle);
+  for (std::size_t i = 0; i < boxes.size(); ++i)
+    for (std::size_t j = i + 1; j < boxes.size(); ++j) RC_ASSERT(!overlap(boxes[i], boxes[j]));
+  for (const auto& [axis, layout] : arrangement.axes) {
+    const bool hasTitle = axis->title() && !axis->title()->empty();
+    RC_ASSERT(layout.title.has_value() == hasTitle);
+    RC_ASSERT(layout.labels.size() >= std::min<std::size_t>(layout.majorTicks.size(), 1));
+  }
 }
 
 }  // namespace
