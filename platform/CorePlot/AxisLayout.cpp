@@ -8,8 +8,10 @@
 
 #include "AxisGeometry.h"
 #include "LabelChoice.h"
+#include "TextReach.h"
 #include "TickLabels.h"
 #include "TitleLines.h"
+#include "TurnedSize.h"
 
 namespace vexel {
 
@@ -29,13 +31,6 @@ constexpr CGFloat kEdgeTolerance = 0.5;
 
 CPTSign orElse(CPTSign sign, CPTSign other) {
   return sign == CPTSign::none ? other : sign;
-}
-
-/// Width and height of the upright box around a turned one.
-CGSize turned(CGSize size, CGFloat angle) {
-  const CGFloat c = std::abs(std::cos(angle));
-  const CGFloat s = std::abs(std::sin(angle));
-  return {size.width * c + size.height * s, size.width * s + size.height * c};
 }
 
 /// The place of a value along the axis; absent outside the plot area.
@@ -284,8 +279,9 @@ void drawGrid(CGContext& context, const std::optional<CPTLineStyle>& style,
   if (style) drawLines(context, style->strokeStyle(), layout, places, 0, layout.across);
 }
 
-void drawText(CGContext& context, const AxisLayout::Text& text) {
+void drawText(CGContext& context, const AxisLayout::Text& text, const std::optional<CGRect>& rect) {
   if (!std::isfinite(text.center.x) || !std::isfinite(text.center.y)) return;
+  if (rect && textReach(text.box()).intersection(*rect).isEmpty()) return;
   const CGSize size = text.content->frame().size;
   const CGSavedState state(context);
   context.translate(text.center.x, text.center.y);
@@ -397,12 +393,13 @@ void drawLineAndTicks(CGContext& context, const CPTXYAxis& axis, const AxisLayou
   context.stroke(path, stroke);
 }
 
-void drawLabels(CGContext& context, const AxisLayout& layout) {
-  for (const auto& label : layout.labels) drawText(context, label);
+void drawLabels(CGContext& context, const AxisLayout& layout, const std::optional<CGRect>& rect) {
+  for (const auto& label : layout.labels) drawText(context, label, rect);
 }
 
-void drawAxisTitle(CGContext& context, const AxisLayout& layout) {
-  if (layout.title) drawText(context, *layout.title);
+void drawAxisTitle(CGContext& context, const AxisLayout& layout,
+                   const std::optional<CGRect>& rect) {
+  if (layout.title) drawText(context, *layout.title, rect);
 }
 
 }  // namespace vexel

@@ -55,8 +55,9 @@ std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea, con
 void drawMinorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
 void drawMajorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
 void drawLineAndTicks(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
-void drawLabels(CGContext& context, const AxisLayout& layout);
-void drawAxisTitle(CGContext& context, const AxisLayout& layout);
+/// Only what touches `rect`, in the plot area's coordinates, unless it is absent.
+void drawLabels(CGContext& context, const AxisLayout& layout, const std::optional<CGRect>& rect);
+void drawAxisTitle(CGContext& context, const AxisLayout& layout, const std::optional<CGRect>& rect);
 
 /// The ticks that the axis shows, in plot-space units: those of its labelling policy inside the
 /// visible range, no more than an axis of `extent` points has room for.

@@ -4,6 +4,9 @@
 
 #include <CorePlot/CPTPlotArea.h>
 
+#include "TextReach.h"
+#include "TurnedSize.h"
+
 namespace vexel {
 
 namespace {
@@ -34,20 +37,39 @@ void CPTAnnotation::setRotation(CGFloat radians) {
 }
 
 void CPTAnnotation::contentDidChange() {
-  if (plotArea_) plotArea_->setAnnotationsNeedDisplay();
+  needsDisplay_ = true;
+  if (plotArea_) plotArea_->annotationsDidChange();
 }
 
-void CPTAnnotation::draw(CGContext& context) const {
-  if (!contentLayer_) return;
-  const auto at = anchor();
-  if (!at) return;
+std::optional<CGPoint> CPTAnnotation::center() const {
+  const auto at = contentLayer_ ? anchor() : std::nullopt;
+  if (!at) return std::nullopt;
   const CGPoint center = *at + displacement_;
-  if (!(std::abs(center.x) < kFarthestCenter && std::abs(center.y) < kFarthestCenter)) return;
+  if (!(std::abs(center.x) < kFarthestCenter && std::abs(center.y) < kFarthestCenter))
+    return std::nullopt;
+  return center;
+}
 
+CGFloat CPTAnnotation::usableRotation() const {
+  return std::isfinite(rotation_) ? rotation_ : 0;
+}
+
+CGRect CPTAnnotation::reach() const {
+  const auto at = center();
+  if (!at) return {};
+  const CGSize size = turned(contentLayer_->frame().size, usableRotation());
+  return textReach(
+      CGRect::make(at->x - size.width / 2, at->y - size.height / 2, size.width, size.height));
+}
+
+void CPTAnnotation::draw(CGContext& context) {
+  needsDisplay_ = false;
+  const auto at = center();
+  if (!at) return;
   const CGSize size = contentLayer_->frame().size;
   const CGSavedState state(context);
-  context.translate(center.x, center.y);
-  if (rotation_ != 0 && std::isfinite(rotation_)) context.rotate(rotation_);
+  context.translate(at->x, at->y);
+  if (usableRotation() != 0) context.rotate(usableRotation());
   context.translate(-size.width / 2, -size.height / 2);
   contentLayer_->display(context);
 }

@@ -137,11 +137,11 @@ void CPTBarPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
     context.fill(narrow, outline->color);
 }
 
-void CPTBarPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {
-  const Geometry geometry(*this, space);
-  if (!geometry.isDrawable()) return;
-  const CGRect area{{}, plotAreaSize()};
+std::vector<CPTPlot::LabelPlace> CPTBarPlot::labelPlaces(const CPTXYPlotSpace& space) const {
   std::vector<LabelPlace> places;
+  const Geometry geometry(*this, space);
+  if (!geometry.isDrawable()) return places;
+  const CGRect area{{}, plotAreaSize()};
   for (std::size_t record = 0; record < recordCount(); ++record) {
     const auto bar = geometry.bar(record);
     if (!bar) continue;
@@ -150,7 +150,7 @@ void CPTBarPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {
     const CGFloat away = bar->tip < bar->base ? -1 : 1;
     places.push_back({record, tips_[record], tip, geometry.point(0, away)});
   }
-  drawLabelsAt(context, places);
+  return places;
 }
 
 }  // namespace vexel

@@ -1,7 +1,6 @@
 #include <CorePlot/CPTGraph.h>
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 #include <CorePlot/CPTAxisDelegate.h>
@@ -9,6 +8,9 @@
 #include <CorePlot/CPTXYAxis.h>
 
 #include "AxisArrangement.h"
+#include "ChartParts.h"
+#include "KeptPictures.h"
+#include "ShownMarks.h"
 
 namespace vexel {
 
@@ -16,8 +18,6 @@ namespace {
 
 // Between the upper edge of the graph and its title.
 constexpr CGFloat kTitleInset = 2;
-// Each has the size of the graph.
-constexpr std::size_t kMostPictures = 2;
 
 /// Whether there was a delegate to be told.
 bool tellDelegates(const AxisArrangement& arrangement) {
@@ -32,36 +32,10 @@ bool tellDelegates(const AxisArrangement& arrangement) {
 
 }  // namespace
 
-/// A part of the chart that is drawn as one, from back to front.
-struct CPTGraph::Slice {
-  /// Tells slices apart from one display to the next.
-  const void* owner;
-  bool needsDisplay;
-  std::function<void(CGContext&)> draw;
-  /// Text above all plots.
-  bool isOverlay = false;
-};
-
-/// Pictures of the first slices as they were at the last display, each of more than the one before.
-struct CPTGraph::KeptPictures {
-  struct Picture {
-    std::unique_ptr<CGLayer> layer;
-    std::vector<const void*> owners;
-
-    bool shows(const std::vector<Slice>& slices, std::size_t clean) const {
-      if (owners.size() > clean) return false;
-      return std::equal(owners.begin(), owners.end(), slices.begin(),
-                        [](const void* owner, const Slice& slice) { return owner == slice.owner; });
-    }
-  };
-
-  std::vector<Picture> pictures;
-  /// The first slice that had changed at the last display; null when none had.
-  const void* changed = nullptr;
-};
-
 CPTGraph::CPTGraph(CGRect frame)
-    : CPTBorderedLayer(frame), kept_(std::make_unique<KeptPictures>()) {
+    : CPTBorderedLayer(frame),
+      shown_(std::make_unique<ShownMarks>()),
+      kept_(std::make_unique<KeptPictures>()) {
   setPadding(kDefaultPadding);
 }
 
@@ -163,7 +137,28 @@ void CPTGraph::layoutSublayers() {
 }
 
 void CPTGraph::contentDidChange() {
-  if (hostingView_) hostingView_->setNeedsDisplay(true);
+  changed_ = true;
+  if (hostingView_) hostingView_->setNeedsLayout(true);
+}
+
+void CPTGraph::tellHostingView() {
+  if (!hostingView_ || !std::exchange(changed_, false)) return;
+  if (isHidden() || backgroundNeedsDisplay() || axesNeedDisplay())
+    return hostingView_->setNeedsDisplay(true);
+  const ChartParts parts(*this, [this] { return arrangedAxes(); });
+  const auto places = shown_->placesChangedTo(parts.all());
+  // Reading data may have changed everything.
+  if (!hostingView_) return;
+  if (!places) return hostingView_->setNeedsDisplay(true);
+  const CGPoint origin = hostingView_->bounds().origin;
+  for (const CGRect& place : *places)
+    hostingView_->setNeedsDisplayInRect({place.origin + origin, place.size});
+}
+
+bool CPTGraph::backgroundNeedsDisplay() const {
+  const auto area = plotAreaFrame_ ? plotAreaFrame_->plotArea() : nullptr;
+  return needsDisplay() || (plotAreaFrame_ && plotAreaFrame_->needsDisplay()) ||
+         (area && area->needsDisplay());
 }
 
 void CPTGraph::plotSpaceDidChange(const CPTPlotSpace& space) {
@@ -194,90 +189,6 @@ std::shared_ptr<const AxisArrangement> CPTGraph::arrangedAxes() {
   return arrangement_;
 }
 
-std::vector<CPTGraph::Slice> CPTGraph::slices() {
-  const auto plotAreaFrame = plotAreaFrame_;
-  const auto area = plotAreaFrame ? plotAreaFrame->plotArea() : nullptr;
-  std::vector<Slice> result;
-
-  result.push_back({this,
-                    needsDisplay() || (plotAreaFrame && plotAreaFrame->needsDisplay()) ||
-                        (area && area->needsDisplay()),
-                    [this, plotAreaFrame](CGContext& context) {
-                      display(context);
-                      if (!plotAreaFrame) return;
-                      const CGSavedState state(context);
-                      const CGPoint origin = plotAreaFrame->frame().origin;
-                      context.translate(origin.x, origin.y);
-                      plotAreaFrame->display(context);
-                    }});
-  if (!area || area->isHidden() || plotAreaFrame->isHidden()) return result;
-
-  const CGPoint frameOrigin = plotAreaFrame->frame().origin;
-  const CGRect plotRect{frameOrigin + area->frame().origin, area->frame().size};
-  const auto inPlotArea = [plotAreaFrame, frameOrigin, inFrame = area->frame().origin](
-                              CGContext& context, const auto& draw) {
-    const CGSavedState state(context);
-    context.translate(frameOrigin.x, frameOrigin.y);
-    plotAreaFrame->clipToBorder(context);
-    context.translate(inFrame.x, inFrame.y);
-    draw();
-  };
-
-  const auto arrangement = arrangedAxes();
-  const auto axisSet = axisSet_;
-  result.push_back({axisSet.get(), axesNeedDisplay(),
-                    [axisSet, plotAreaFrame, arrangement, inPlotArea](CGContext& context) {
-                      inPlotArea(context, [&] {
-                        for (const auto& [axis, layout] : arrangement->axes)
-                          drawMinorGrid(context, *axis, layout);
-                        for (const auto& [axis, layout] : arrangement->axes)
-                          drawMajorGrid(context, *axis, layout);
-                      });
-                      {
-                        const CGSavedState state(context);
-                        const CGPoint origin = plotAreaFrame->frame().origin;
-                        context.translate(origin.x, origin.y);
-                        plotAreaFrame->drawBorder(context);
-                      }
-                      inPlotArea(context, [&] {
-                        if (axisSet) {
-                          axisSet->display(context);
-                          const auto all = axisSet->axes();
-                          for (const auto& axis : all) axis->display(context);
-                        }
-                        for (const auto& [axis, layout] : arrangement->axes)
-                          drawLineAndTicks(context, *axis, layout);
-                      });
-                    }});
-
-  for (const auto& plot : plots_)
-    result.push_back({plot.get(), plot->needsDisplay(),
-                      [plot, size = plotRect.size, inPlotArea](CGContext& context) {
-                        inPlotArea(context, [&] {
-                          plot->setPlotAreaSize(size);
-                          plot->display(context);
-                        });
-                      }});
-
-  result.push_back({&titleTextStyle_, false,
-                    [this, arrangement, inPlotArea](CGContext& context) {
-                      inPlotArea(context, [&] {
-                        for (const auto& placed : arrangement->axes)
-                          drawLabels(context, placed.layout);
-                        for (const auto& placed : arrangement->axes)
-                          drawAxisTitle(context, placed.layout);
-                      });
-                      if (arrangement->showsGraphTitle) drawTitle(context);
-                    },
-                    true});
-  result.push_back({area.get(), area->annotationsNeedDisplay(),
-                    [area, inPlotArea](CGContext& context) {
-                      inPlotArea(context, [&] { area->drawAnnotations(context); });
-                    },
-                    true});
-  return result;
-}
-
 CGRect CPTGraph::titleFrame() const {
   if (!title_ || title_->empty() || !plotAreaFrame_ || !plotAreaFrame_->plotArea()) return {};
   const CGRect area = plotAreaFrame_->plotArea()->frame();
@@ -286,63 +197,26 @@ CGRect CPTGraph::titleFrame() const {
   return {{middle - size.width / 2, bounds().maxY() - kTitleInset - size.height}, size};
 }
 
-void CPTGraph::drawTitle(CGContext& context) const {
-  const CGPoint origin = titleFrame().origin;
-  const CGSavedState state(context);
-  context.translate(origin.x, origin.y);
-  CPTTextLayer(*title_, titleTextStyle_).display(context);
+void CPTGraph::displayChart(CGContext& context) {
+  displayParts(context, std::nullopt);
 }
 
-void CPTGraph::displayChart(CGContext& context) {
+void CPTGraph::displayChart(CGContext& context, CGRect rect) {
+  const bool isWhole = rect.unionWith(bounds()) == rect;
+  const CGSavedState state(context);
+  if (!isWhole) context.clip(rect);
+  displayParts(context, isWhole ? std::nullopt : std::optional(rect));
+}
+
+void CPTGraph::displayParts(CGContext& context, const std::optional<CGRect>& rect) {
+  tellHostingView();
   if (isHidden()) return;
   const CGSavedState state(context);
   context.clip(bounds());
 
-  const std::vector<Slice> all = slices();
-  const auto draw = [&](CGContext& target, std::size_t first, std::size_t end) {
-    for (std::size_t i = first; i < end; ++i) {
-      if (!(cornerRadius() > 0)) {
-        all[i].draw(target);
-        continue;
-      }
-      // Each part is cut by itself, so that kept ones look as if drawn with the others.
-      const CGSavedState whole(target);
-      clipToBorder(target);
-      all[i].draw(target);
-    }
-  };
-  const auto begin = all.begin();
-  const auto firstDirty = std::find_if(begin, all.end(), std::mem_fn(&Slice::needsDisplay));
-  const auto firstOverlay = std::find_if(begin, all.end(), std::mem_fn(&Slice::isOverlay));
-  const auto clean = static_cast<std::size_t>(firstDirty - begin);
-  const auto overlay = static_cast<std::size_t>(firstOverlay - begin);
-
-  auto& pictures = kept_->pictures;
-  std::erase_if(pictures, [&](const auto& picture) {
-    return !picture.shows(all, clean) || !picture.layer->fits(context);
-  });
-  const void* const changed = firstDirty == all.end() ? nullptr : firstDirty->owner;
-  const bool changedAgain = std::exchange(kept_->changed, changed) == changed;
-
-  // What lies below the change is kept: at once when nothing is, and on top of what is kept when
-  // the same part goes on changing. When everything changes the next change will most likely be
-  // one above the plots, unless it goes on like that.
-  const std::size_t kept = pictures.empty() ? 0 : pictures.back().owners.size();
-  const std::size_t wanted = clean == 0 && !changedAgain ? overlay : std::min(clean, overlay);
-  const bool worthKeeping = wanted > kept && (kept == 0 || changedAgain);
-  auto layer = worthKeeping ? context.makeLayer(bounds()) : nullptr;
-  if (!layer) {
-    if (kept > 0) context.drawLayer(*pictures.back().layer);
-    draw(context, kept, all.size());
-    return;
-  }
-  if (kept > 0) layer->context().drawLayer(*pictures.back().layer);
-  draw(layer->context(), kept, wanted);
-  context.drawLayer(*layer);
-  if (pictures.size() == kMostPictures) pictures.erase(pictures.begin());
-  pictures.push_back({std::move(layer), {}});
-  for (std::size_t i = 0; i < wanted; ++i) pictures.back().owners.push_back(all[i].owner);
-  draw(context, wanted, all.size());
+  const ChartParts parts(*this, [this] { return arrangedAxes(); });
+  shown_->note(parts.all());
+  kept_->draw(parts, cornerRadius() > 0 ? this : nullptr, bounds(), context, rect);
 }
 
 }  // namespace vexel

@@ -24,12 +24,18 @@ void CPTGraphHostingView::setFrameSize(CGSize size) {
   if (hostedGraph_) hostedGraph_->setFrame({{}, bounds().size});
 }
 
-void CPTGraphHostingView::draw(CGContext& context, CGRect) {
+void CPTGraphHostingView::layout() {
+  NSView::layout();
+  if (const auto graph = hostedGraph_) graph->tellHostingView();
+}
+
+void CPTGraphHostingView::draw(CGContext& context, CGRect dirtyRect) {
   if (!hostedGraph_) return;
   const auto graph = hostedGraph_;
+  const CGPoint origin = bounds().origin;
   const CGSavedState state(context);
-  if (bounds().origin != CGPoint{}) context.translate(bounds().minX(), bounds().minY());
-  graph->displayChart(context);
+  if (origin != CGPoint{}) context.translate(origin.x, origin.y);
+  graph->displayChart(context, {dirtyRect.origin - origin, dirtyRect.size});
 }
 
 }  // namespace vexel

@@ -5,12 +5,17 @@
 
 #include <CorePlot/CPTGraph.h>
 
+#include "TextReach.h"
+#include "TurnedSize.h"
+
 namespace vexel {
 
 namespace {
 
 // Asking for more numbers one by one takes longer than anybody waits.
 constexpr std::size_t kMostSingleRecords = 10'000'000;
+// Clips take in every pixel that they touch, in points.
+constexpr CGFloat kClipBlur = 1;
 
 }  // namespace
 
@@ -88,7 +93,25 @@ void CPTPlot::draw(CGContext& context) {
     context.clip(CGRect{{}, plotAreaSize_});
     drawSeries(context, *space);
   }
-  if (!dataLabels_.empty() || labelFormatter_) drawLabels(context, *space);
+  for (const PlacedLabel& label : placedLabels(*space)) drawLabel(context, label);
+}
+
+std::optional<std::vector<CGRect>> CPTPlot::placesOfMark(CGSize plotArea) {
+  if (isHidden()) return std::vector<CGRect>{};
+  reloadDataIfNeeded();
+  if (recordCount_ > kMostRecordsOfMark) return std::nullopt;
+  const auto space = std::dynamic_pointer_cast<CPTXYPlotSpace>(plotSpace_);
+  if (!dataSource() || !space || recordCount_ == 0) return std::vector<CGRect>{};
+  setPlotAreaSize(plotArea);
+  auto places = seriesPlaces(*space);
+  if (!places) return std::nullopt;
+  for (CGRect& place : *places)
+    place = place.intersection(CGRect{{}, plotArea}.insetBy(-kClipBlur, -kClipBlur));
+  for (const PlacedLabel& label : placedLabels(*space))
+    places->push_back(
+        textReach({{label.center.x - label.box.width / 2, label.center.y - label.box.height / 2},
+                   label.box}));
+  return places;
 }
 
 CPTNumericData CPTPlot::readField(CPTPlotDataSource& source, unsigned field, std::size_t records,
@@ -109,27 +132,30 @@ std::shared_ptr<CPTTextLayer> CPTPlot::label(std::size_t record, double value) c
                                         labelTextStyle_.value_or(CPTTextStyle{}));
 }
 
-void CPTPlot::drawLabelsAt(CGContext& context, std::span<const LabelPlace> places) const {
+std::vector<CPTPlot::PlacedLabel> CPTPlot::placedLabels(const CPTXYPlotSpace& space) const {
+  if (dataLabels_.empty() && !labelFormatter_) return {};
+  std::vector<PlacedLabel> labels;
+  const std::vector<LabelPlace> places = labelPlaces(space);
   const std::size_t step = (places.size() + kMostLabels - 1) / kMostLabels;
-  for (std::size_t i = 0; i < places.size(); i += step)
-    if (const auto text = label(places[i].record, places[i].value))
-      drawLabel(context, *text, places[i]);
+  for (std::size_t i = 0; i < places.size(); i += step) {
+    const auto& [record, value, anchor, direction] = places[i];
+    const auto text = label(record, value);
+    if (!text) continue;
+    const CGSize box = turned(text->frame().size, labelRotation_);
+    const CGPoint center{anchor.x + direction.x * (labelOffset_ + box.width / 2),
+                         anchor.y + direction.y * (labelOffset_ + box.height / 2)};
+    if (std::isfinite(center.x) && std::isfinite(center.y)) labels.push_back({text, center, box});
+  }
+  return labels;
 }
 
-void CPTPlot::drawLabel(CGContext& context, CPTTextLayer& label, const LabelPlace& place) const {
-  const CGSize size = label.frame().size;
-  const CGFloat c = std::abs(std::cos(labelRotation_));
-  const CGFloat s = std::abs(std::sin(labelRotation_));
-  const CGPoint half{(size.width * c + size.height * s) / 2,
-                     (size.width * s + size.height * c) / 2};
-  const CGPoint center{place.anchor.x + place.direction.x * (labelOffset_ + half.x),
-                       place.anchor.y + place.direction.y * (labelOffset_ + half.y)};
-  if (!std::isfinite(center.x) || !std::isfinite(center.y)) return;
+void CPTPlot::drawLabel(CGContext& context, const PlacedLabel& label) const {
+  const CGSize size = label.text->frame().size;
   const CGSavedState state(context);
-  context.translate(center.x, center.y);
+  context.translate(label.center.x, label.center.y);
   if (labelRotation_ != 0) context.rotate(labelRotation_);
   context.translate(-size.width / 2, -size.height / 2);
-  label.display(context);
+  label.text->display(context);
 }
 
 }  // namespace vexel

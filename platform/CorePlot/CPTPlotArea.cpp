@@ -10,7 +10,7 @@ void CPTPlotArea::addAnnotation(std::shared_ptr<CPTAnnotation> annotation) {
   annotation->plotArea_ = this;
   addSublayer(annotation->contentLayer());
   annotations_.push_back(std::move(annotation));
-  setAnnotationsNeedDisplay();
+  annotations_.back()->contentDidChange();
 }
 
 void CPTPlotArea::removeAnnotation(const CPTAnnotation& annotation) {
@@ -21,7 +21,7 @@ void CPTPlotArea::removeAnnotation(const CPTAnnotation& annotation) {
   annotations_.erase(found);
   removed->plotArea_ = nullptr;
   if (removed->contentLayer()) removed->contentLayer()->removeFromSuperlayer();
-  setAnnotationsNeedDisplay();
+  annotationsDidChange();
 }
 
 void CPTPlotArea::removeAllAnnotations() {
@@ -29,21 +29,26 @@ void CPTPlotArea::removeAllAnnotations() {
 }
 
 bool CPTPlotArea::annotationsNeedDisplay() const {
-  return annotationsNeedDisplay_ ||
-         std::any_of(annotations_.begin(), annotations_.end(), [](const auto& annotation) {
-           return annotation->contentLayer() && annotation->contentLayer()->needsDisplay();
-         });
+  return annotationsChanged_ ||
+         std::any_of(annotations_.begin(), annotations_.end(),
+                     [](const auto& annotation) { return annotation->needsDisplay(); });
 }
 
 void CPTPlotArea::setAnnotationsNeedDisplay() {
-  annotationsNeedDisplay_ = true;
+  for (const auto& annotation : annotations_) annotation->needsDisplay_ = true;
+  annotationsDidChange();
+}
+
+void CPTPlotArea::annotationsDidChange() {
+  annotationsChanged_ = true;
   contentDidChange();
 }
 
-void CPTPlotArea::drawAnnotations(CGContext& context) {
-  annotationsNeedDisplay_ = false;
+void CPTPlotArea::drawAnnotations(CGContext& context, const std::optional<CGRect>& rect) {
+  annotationsChanged_ = false;
   const auto present = annotations_;
-  for (const auto& annotation : present) annotation->draw(context);
+  for (const auto& annotation : present)
+    if (!rect || !annotation->reach().intersection(*rect).isEmpty()) annotation->draw(context);
 }
 
 }  // namespace vexel

@@ -215,13 +215,13 @@ void CPTScatterPlot::drawColoredSymbols(CGContext& context, const CPTPlotSymbol&
   symbol.draw(context, recordColors_.palette(), colorOfCenter, centers);
 }
 
-void CPTScatterPlot::drawLabels(CGContext& context, const CPTXYPlotSpace& space) {
+std::vector<CPTPlot::LabelPlace> CPTScatterPlot::labelPlaces(const CPTXYPlotSpace& space) const {
   const CGRect area{{}, plotAreaSize()};
   const std::vector<CGPoint> points = viewPoints(space);
   std::vector<LabelPlace> places;
   for (std::size_t i = 0; i < points.size(); ++i)
     if (area.contains(points[i])) places.push_back({i, y_[i], points[i], {0, 1}});
-  drawLabelsAt(context, places);
+  return places;
 }
 
 }  // namespace vexel

@@ -150,10 +150,10 @@ TEST_F(AxisLayoutTest, OffsetsAndRotationsThatAreNoNumbersDrawNoText) {
   for (const double value : {kNaN, kInfinity}) {
     hostile->setOffset(value);
     CGRecordingContext context;
-    drawLabels(context, layout());
+    drawLabels(context, layout(), std::nullopt);
     hostile->setOffset(0);
     hostile->setRotation(value);
-    drawLabels(context, layout());
+    drawLabels(context, layout(), std::nullopt);
     EXPECT_EQ(context.text(), "") << value;
     hostile->setRotation(0);
   }
@@ -640,7 +640,7 @@ TEST_F(AxisLayoutTest, ATitleThatWouldLeaveTheViewMovesUpToTheLabels) {
   EXPECT_NEAR(box(*layout().title).maxY(), 320, 1e-9);
   axis.setTitleOffset(kNaN);
   CGRecordingContext context;
-  drawAxisTitle(context, layout());
+  drawAxisTitle(context, layout(), std::nullopt);
   EXPECT_EQ(context.text(), "");
 }
 

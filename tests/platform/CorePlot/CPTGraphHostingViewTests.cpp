@@ -94,6 +94,8 @@ TEST(CPTGraphHostingView, AChangeAnywhereInTheGraphMarksTheView) {
     displayed(*view);
     EXPECT_FALSE(view->needsDisplay());
     change();
+    EXPECT_TRUE(view->subtreeNeedsDisplay());
+    view->layoutSubtreeIfNeeded();
     return view->needsDisplay();
   };
   EXPECT_TRUE(marks([&] { plot->setDataNeedsReloading(); }));
@@ -101,8 +103,8 @@ TEST(CPTGraphHostingView, AChangeAnywhereInTheGraphMarksTheView) {
   EXPECT_TRUE(marks([&] { axesOf(*graph)->xAxis()->setTitle("x"); }));
   EXPECT_TRUE(marks([&] { graph->setFill(std::nullopt); }));
   EXPECT_TRUE(marks([&] { graph->plotAreaFrame()->setPadding(3); }));
-  EXPECT_TRUE(marks([&] { graph->plotAreaFrame()->plotArea()->setHidden(true); }));
   EXPECT_TRUE(marks([&] { graph->removePlot(*plot); }));
+  EXPECT_TRUE(marks([&] { graph->plotAreaFrame()->plotArea()->setHidden(true); }));
   EXPECT_TRUE(marks([&] { view->setHostedGraph(redGraph()); }));
 }
 

@@ -38,8 +38,8 @@ class NSWindow : public virtual NSObject, public std::enable_shared_from_this<NS
   /// coordinates; lays out what needs it first, since that may move views.
   CGRect dirtyRect();
   /// The same as a few rectangles, which together may cover far less. A host that keeps the
-  /// window's pixels repaints by calling displayRect() for each of them, after it has cleared
-  /// that part where views are translucent.
+  /// window's pixels calls displayRect() for each of them, after it has filled that part with the
+  /// window's background where views are translucent.
   std::vector<CGRect> dirtyRects();
   /// Draws the whole content view with the window's bottom-left corner at the origin of the
   /// context; nothing when there is none.

@@ -30,17 +30,29 @@ class CPTAnnotation : public virtual NSObject {
 
   /// The anchor in the plot area's coordinates; absent when it has no place there.
   virtual std::optional<CGPoint> anchor() const = 0;
-  void draw(CGContext& context) const;
+  /// A rectangle around all that draw() draws, in the plot area's coordinates; empty when that is
+  /// nothing.
+  CGRect reach() const;
+  /// Whether the annotation or its content changed since it was last drawn.
+  bool needsDisplay() const {
+    return needsDisplay_ || (contentLayer_ && contentLayer_->needsDisplay());
+  }
+  void draw(CGContext& context);
 
  protected:
   void contentDidChange();
 
  private:
+  /// Where the centre of the content is; absent when it cannot be seen.
+  std::optional<CGPoint> center() const;
+  CGFloat usableRotation() const;
+
   friend class CPTPlotArea;
 
   std::shared_ptr<CPTTextLayer> contentLayer_;
   CGPoint displacement_;
   CGFloat rotation_ = 0;
+  bool needsDisplay_ = true;
   NSWeak<CPTPlotArea> plotArea_;
 };
 

@@ -49,7 +49,7 @@ class CPTBarPlot : public CPTPlot {
  protected:
   std::size_t readData(CPTPlotDataSource& source, std::size_t records) override;
   void drawSeries(CGContext& context, const CPTXYPlotSpace& space) override;
-  void drawLabels(CGContext& context, const CPTXYPlotSpace& space) override;
+  std::vector<LabelPlace> labelPlaces(const CPTXYPlotSpace& space) const override;
 
  private:
   template <class T>

@@ -16,6 +16,8 @@
 namespace vexel {
 
 class CPTGraphHostingView;
+class KeptPictures;
+class ShownMarks;
 struct AxisArrangement;
 
 /// A chart: a plot area in its frame, plot spaces, axes and plots. Made with std::make_shared of a
@@ -71,11 +73,15 @@ class CPTGraph : public CPTBorderedLayer {
   CGRect titleFrame() const;
 
   /// Draws the chart in its own coordinates and within its bounds, back to front: background,
-  /// minor grid, major grid, axis lines and ticks, plots, axis labels, axis titles, annotations. On
-  /// bitmaps what lies below the lowest change since the last display is taken from a kept picture
-  /// where there is one: what moves above all else draws nothing else again.
+  /// minor grid, major grid, axis lines and ticks, plots, axis labels, axis titles, annotations.
   /// A hidden graph draws nothing; a hidden plot area, or frame, hides all that lies on it.
+  ///
+  /// On bitmaps what lies below and above a change since the last display is taken from kept
+  /// pictures where there are some: plots of few records, such as markers, and annotations move
+  /// without anything else being drawn again.
   void displayChart(CGContext& context);
+  /// The same for the part inside `rect`.
+  void displayChart(CGContext& context, CGRect rect);
 
   /// Everything that a plot space places has to be drawn again.
   void plotSpaceDidChange(const CPTPlotSpace& space);
@@ -86,14 +92,15 @@ class CPTGraph : public CPTBorderedLayer {
 
  private:
   friend class CPTGraphHostingView;
-  struct Slice;
-  struct KeptPictures;
+  friend class ChartParts;
 
-  std::vector<Slice> slices();
+  /// Marks what has changed in the hosting view.
+  void tellHostingView();
+  bool backgroundNeedsDisplay() const;
   bool axesNeedDisplay() const;
   /// The places of the axes; those of the last display when nothing has changed them.
   std::shared_ptr<const AxisArrangement> arrangedAxes();
-  void drawTitle(CGContext& context) const;
+  void displayParts(CGContext& context, const std::optional<CGRect>& rect);
 
   NSWeak<CPTGraphHostingView> hostingView_;
   std::shared_ptr<CPTPlotAreaFrame> plotAreaFrame_;
@@ -103,6 +110,9 @@ class CPTGraph : public CPTBorderedLayer {
   std::vector<std::shared_ptr<CPTPlot>> plots_;
   std::optional<std::string> title_;
   CPTTextStyle titleTextStyle_;
+  /// Whether the hosting view has not been told of a change.
+  bool changed_ = true;
+  std::unique_ptr<ShownMarks> shown_;
   std::unique_ptr<KeptPictures> kept_;
 };
 

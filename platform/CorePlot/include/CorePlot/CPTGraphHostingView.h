@@ -19,6 +19,9 @@ class CPTGraphHostingView : public NSView {
   void setHostedGraph(std::shared_ptr<CPTGraph> graph);
 
   void setFrameSize(CGSize size) override;
+  /// Also marks for display what has changed of the graph, after plots of few records have read
+  /// their data.
+  void layout() override;
   void draw(CGContext& context, CGRect dirtyRect) override;
 
  private:

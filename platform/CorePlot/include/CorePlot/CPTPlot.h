@@ -71,6 +71,13 @@ class CPTPlot : public CPTLayer {
   /// Also when the data source of what was drawn is gone.
   bool needsDisplay() const override;
 
+  /// Most records of a plot that is drawn again wherever something changes, as a line across or
+  /// a box is, rather than kept in a picture.
+  static constexpr std::size_t kMostRecordsOfMark = 6;
+  /// Where such a plot draws on a plot area of that size, after reading its data if needed; absent
+  /// when it has more records, or may draw anywhere.
+  std::optional<std::vector<CGRect>> placesOfMark(CGSize plotArea);
+
  protected:
   explicit CPTPlot(CGRect frame) : CPTLayer(frame) {}
 
@@ -80,9 +87,11 @@ class CPTPlot : public CPTLayer {
   /// Draws the series into the plot area, whose bottom-left corner is (0, 0) and which it is
   /// clipped to.
   virtual void drawSeries(CGContext& context, const CPTXYPlotSpace& space) = 0;
-  /// Draws the labels of the records inside the plot area. They may reach beyond its edges. Called
-  /// only when there are labels.
-  virtual void drawLabels(CGContext& context, const CPTXYPlotSpace& space) = 0;
+  /// Rectangles around all that drawSeries() draws, if a clip may cut it anywhere without
+  /// changing what remains; absent, the default: it is to be drawn as a whole.
+  virtual std::optional<std::vector<CGRect>> seriesPlaces(const CPTXYPlotSpace&) const {
+    return std::nullopt;
+  }
 
   void draw(CGContext& context) final;
 
@@ -99,14 +108,23 @@ class CPTPlot : public CPTLayer {
     CGPoint anchor;
     CGPoint direction;
   };
-  /// Draws the labels of these records: all of them, or every second, third, ... when there are
-  /// more than kMostLabels.
-  void drawLabelsAt(CGContext& context, std::span<const LabelPlace> places) const;
+  /// The places of the labels of the records inside the plot area. They may reach beyond its edges.
+  /// Called only when there are labels.
+  virtual std::vector<LabelPlace> labelPlaces(const CPTXYPlotSpace& space) const = 0;
 
  private:
+  struct PlacedLabel {
+    std::shared_ptr<CPTTextLayer> text;
+    CGPoint center;
+    /// Width and height of the upright box around it.
+    CGSize box;
+  };
+  /// The labels of all records, or of every second, third, ... when there are more than
+  /// kMostLabels.
+  std::vector<PlacedLabel> placedLabels(const CPTXYPlotSpace& space) const;
   /// The label of a record whose value is `value`; null when it has none.
   std::shared_ptr<CPTTextLayer> label(std::size_t record, double value) const;
-  void drawLabel(CGContext& context, CPTTextLayer& label, const LabelPlace& place) const;
+  void drawLabel(CGContext& context, const PlacedLabel& label) const;
   friend class CPTGraph;
 
   void readFromSource();

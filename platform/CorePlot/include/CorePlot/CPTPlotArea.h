@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <CorePlot/CPTAnnotation.h>
@@ -20,12 +21,18 @@ class CPTPlotArea : public CPTBorderedLayer {
 
   /// Whether an annotation was added, removed, moved or changed since the last display.
   bool annotationsNeedDisplay() const;
+  /// Marks all annotations: their places may be others.
   void setAnnotationsNeedDisplay();
-  void drawAnnotations(CGContext& context);
+  /// Draws those that touch `rect`, in own coordinates, or all when it is absent.
+  void drawAnnotations(CGContext& context, const std::optional<CGRect>& rect);
 
  private:
+  friend class CPTAnnotation;
+
+  void annotationsDidChange();
+
   std::vector<std::shared_ptr<CPTAnnotation>> annotations_;
-  bool annotationsNeedDisplay_ = true;
+  bool annotationsChanged_ = true;
 };
 
 }  // namespace vexel

@@ -35,7 +35,8 @@ class CPTScatterPlot : public CPTPlot {
  protected:
   std::size_t readData(CPTPlotDataSource& source, std::size_t records) override;
   void drawSeries(CGContext& context, const CPTXYPlotSpace& space) override;
-  void drawLabels(CGContext& context, const CPTXYPlotSpace& space) override;
+  std::vector<LabelPlace> labelPlaces(const CPTXYPlotSpace& space) const override;
+  std::optional<std::vector<CGRect>> seriesPlaces(const CPTXYPlotSpace& space) const override;
 
  private:
   /// Where the records lie on the plot area; empty when the scales are not drawable.

@@ -1,0 +1,136 @@
+#include "KeptPictures.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace vexel {
+
+namespace {
+
+using Part = ChartParts::Part;
+
+constexpr std::size_t kMostLowerPictures = 2;
+
+std::vector<const void*> ownersOf(std::span<const Part> parts) {
+  std::vector<const void*> owners;
+  for (const Part& part : parts) owners.push_back(part.owner);
+  return owners;
+}
+
+}  // namespace
+
+bool KeptPictures::Picture::shows(std::span<const Part> parts, const CGContext& context) const {
+  return std::equal(owners.begin(), owners.end(), parts.begin(), parts.end(),
+                    [](const void* owner, const Part& part) {
+                      return owner == part.owner && !part.needsDisplay;
+                    }) &&
+         layer->fits(context);
+}
+
+/// The parts of a chart, with those that are put together apart as one.
+class KeptPictures::Drawing {
+ public:
+  Drawing(KeptPictures& kept, const ChartParts& parts, const CPTBorderedLayer* rounded,
+          const CGRect& bounds)
+      : kept_(kept), parts_(parts), all_(parts.all()), rounded_(rounded), bounds_(bounds) {
+    const auto isMark = std::mem_fn(&Part::isMark);
+    const auto firstMark = std::find_if(all_.begin(), all_.end(), isMark);
+    const auto above = std::find_if_not(firstMark, all_.end(), isMark);
+    auto end = all_.end();
+    while (end != above && isMark(*std::prev(end))) --end;
+    apartBegin_ = static_cast<std::size_t>(above - all_.begin());
+    apartEnd_ = static_cast<std::size_t>(end - all_.begin());
+  }
+
+  std::span<const Part> all() const { return all_; }
+  const CGRect& bounds() const { return bounds_; }
+
+  /// The same, or the beginning of the parts put together apart that it is in the middle of.
+  std::size_t notAmidApart(std::size_t end) const {
+    return end > apartBegin_ && end < apartEnd_ ? apartBegin_ : end;
+  }
+
+  void draw(std::size_t begin, std::size_t end, CGContext& context,
+            const std::optional<CGRect>& rect) const {
+    for (std::size_t i = begin; i < end; ++i) {
+      if (i == apartBegin_ && i < apartEnd_) {
+        kept_.drawApart(all_.subspan(i, apartEnd_ - i), *this, context);
+        i = apartEnd_ - 1;
+      } else {
+        draw(all_[i], context, rect);
+      }
+    }
+  }
+
+  void draw(const Part& part, CGContext& context, const std::optional<CGRect>& rect) const {
+    if (!rounded_) return parts_.draw(part, context, rect);
+    // Each part is cut by itself, so that kept ones look as if drawn with the others.
+    const CGSavedState whole(context);
+    rounded_->clipToBorder(context);
+    parts_.draw(part, context, rect);
+  }
+
+ private:
+  KeptPictures& kept_;
+  const ChartParts& parts_;
+  std::span<const Part> all_;
+  const CPTBorderedLayer* rounded_;
+  CGRect bounds_;
+  std::size_t apartBegin_;
+  std::size_t apartEnd_;
+};
+
+void KeptPictures::draw(const ChartParts& parts, const CPTBorderedLayer* rounded,
+                        const CGRect& bounds, CGContext& context,
+                        const std::optional<CGRect>& rect) {
+  const Drawing drawing(*this, parts, rounded, bounds);
+  const auto all = drawing.all();
+  const auto firstDirty = std::find_if(all.begin(), all.end(), std::mem_fn(&Part::needsDisplay));
+  const auto firstText = std::find_if(
+      all.begin(), all.end(), [](const Part& part) { return part.kind == Part::Kind::text; });
+  const auto clean = static_cast<std::size_t>(firstDirty - all.begin());
+  const auto text = static_cast<std::size_t>(firstText - all.begin());
+
+  std::erase_if(lower_, [&](const Picture& picture) {
+    const std::size_t count = picture.owners.size();
+    return count > all.size() || drawing.notAmidApart(count) != count ||
+           !picture.shows(all.first(count), context);
+  });
+  const void* const changed = firstDirty == all.end() ? nullptr : firstDirty->owner;
+  const bool changedAgain = std::exchange(changed_, changed) == changed;
+
+  // What lies below the change is kept: at once when nothing is, and on top of what is kept when
+  // the same part goes on changing. When everything changes the next change will most likely be
+  // one above the plots, unless it goes on like that.
+  const std::size_t kept = lower_.empty() ? 0 : lower_.back().owners.size();
+  const std::size_t wanted =
+      clean == 0 && !changedAgain ? text : drawing.notAmidApart(std::min(clean, text));
+  const bool worthKeeping = wanted > kept && (kept == 0 || changedAgain);
+  auto layer = worthKeeping ? context.makeLayer(bounds) : nullptr;
+  if (!layer) {
+    if (kept > 0) context.drawLayer(*lower_.back().layer);
+    return drawing.draw(kept, all.size(), context, rect);
+  }
+  if (kept > 0) layer->context().drawLayer(*lower_.back().layer);
+  drawing.draw(kept, wanted, layer->context(), std::nullopt);
+  context.drawLayer(*layer);
+  if (lower_.size() == kMostLowerPictures) lower_.erase(lower_.begin());
+  lower_.push_back({std::move(layer), ownersOf(all.first(wanted))});
+  drawing.draw(wanted, all.size(), context, rect);
+}
+
+void KeptPictures::drawApart(std::span<const Part> parts, const Drawing& drawing,
+                             CGContext& context) {
+  if (!apart_ || !apart_->shows(parts, context)) {
+    apart_.reset();
+    auto layer = context.makeLayer(drawing.bounds());
+    CGContext& target = layer ? layer->context() : context;
+    for (const Part& part : parts) drawing.draw(part, target, std::nullopt);
+    if (!layer) return;
+    apart_ = Picture{std::move(layer), ownersOf(parts)};
+  }
+  context.drawLayer(*apart_->layer);
+}
+
+}  // namespace vexel
