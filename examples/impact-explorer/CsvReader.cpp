@@ -215,13 +215,21 @@ class Reading {
 }  // namespace
 
 CsvContent readCsv(const std::string& file) {
+  return readCsv(file, [](std::uint64_t) { return true; });
+}
+
+CsvContent readCsv(const std::string& file, const ReadWatch& watch) {
   ChunkedFile source(file);
   std::string_view chunk = source.next();
   if (chunk.starts_with(byteOrderMark)) chunk.remove_prefix(byteOrderMark.size());
   if (chunk.empty()) throw InputError({file}, "is empty");
 
   Reading reading(file, separatorOf(chunk));
-  for (; !chunk.empty(); chunk = source.next()) reading.feed(chunk);
+  for (std::uint64_t bytes = 0; !chunk.empty(); chunk = source.next()) {
+    reading.feed(chunk);
+    bytes += chunk.size();
+    if (!watch(bytes)) throw ReadingEnded();
+  }
   return reading.finish();
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <functional>
 #include <string>
 
 #include "CsvContent.h"
@@ -23,5 +26,13 @@ inline constexpr std::size_t longestRow = std::size_t{1} << 20;
 /// header (none at all, or numbers where names should be), a row longer than `longestRow`, a
 /// quotation mark that is never closed, or no row with a number in it.
 CsvContent readCsv(const std::string& file);
+
+/// Is told now and then how many bytes have been read; false ends the reading.
+using ReadWatch = std::function<bool(std::uint64_t bytes)>;
+
+class ReadingEnded : public std::exception {};
+
+/// The same, watched; throws ReadingEnded when the watch wants it.
+CsvContent readCsv(const std::string& file, const ReadWatch& watch);
 
 }  // namespace explorer

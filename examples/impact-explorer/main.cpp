@@ -16,6 +16,7 @@
 #include "InputError.h"
 #include "TableSheet.h"
 #include "TimeColumn.h"
+#include "window/WindowOptions.h"
 
 namespace {
 
@@ -56,7 +57,9 @@ std::optional<vexel::CGSize> parsedSize(const std::string& text) {
 
 /// The options, or the exit code when there is nothing more to do.
 std::optional<int> parse(int argc, char** argv, Options& options) {
-  CLI::App app("Draws dust impact data, or any table with Julian days, over time.");
+  CLI::App app(
+      "Shows dust impact data, or any table with Julian days, over time: in a window, or with "
+      "--export as files.");
   std::string size = "960x720";
   std::string theme = "white";
   app.add_option("file", options.file, "CSV file with a header line; without it a sample is drawn");
@@ -67,7 +70,7 @@ std::optional<int> parse(int argc, char** argv, Options& options) {
       ->capture_default_str()
       ->check(CLI::IsMember({"bands", "color", "tables"}));
   app.add_option("--color", options.colorName, "column that colours the figure \"color\"");
-  app.add_option("--export", options.exports, "figure to write: .png, .pdf or .svg")->required();
+  app.add_option("--export", options.exports, "figure to write: .png, .pdf or .svg");
   app.add_option("--size", size, "size of the figure in points")->capture_default_str();
   app.add_option("--scale", options.scale, "pixels per point of a .png")
       ->capture_default_str()
@@ -89,6 +92,10 @@ std::optional<int> parse(int argc, char** argv, Options& options) {
     return kFailure;
   }
   options.size = *points;
+  if (options.exports.empty() && !canShowWindows()) {
+    complain("--export is required, as there is no display for a window");
+    return kFailure;
+  }
   options.theme = theme == "black"   ? vexel::PlotTheme::black
                   : theme == "print" ? vexel::PlotTheme::print
                                      : vexel::PlotTheme::white;
@@ -159,6 +166,14 @@ void drawFigure(const Options& options) {
 int main(int argc, char** argv) {
   Options options;
   if (const auto exitCode = parse(argc, argv, options)) return *exitCode;
+  if (options.exports.empty())
+    return runWindows(argc, argv,
+                      {.file = options.file,
+                       .timeName = options.timeName,
+                       .bands = options.valueNames,
+                       .colorName = options.colorName,
+                       .theme = options.theme,
+                       .size = options.size});
   try {
     drawFigure(options);
   } catch (const InputError& error) {

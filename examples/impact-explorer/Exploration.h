@@ -1,0 +1,76 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Band.h"
+#include "ColorCoding.h"
+#include "CsvReader.h"
+#include "ImpactSample.h"
+#include "Table.h"
+
+namespace explorer {
+
+/// What a figure shows of a table: one quantity over time, coloured by another, and the quantities
+/// of the bands below it.
+struct Choice {
+  std::string value;
+  std::string color;
+  std::vector<std::string> bands;
+
+  friend bool operator==(const Choice&, const Choice&) = default;
+};
+
+/// A table with times, of a file or the sample, and what can be shown of it. What takes long is
+/// done on construction or once.
+class Exploration {
+ public:
+  /// Absent file: the sample. Throws InputError when the file cannot be used, and ReadingEnded.
+  Exploration(const std::optional<std::string>& file, const std::optional<std::string>& timeName,
+              const ReadWatch& watch);
+
+  /// The file, or "sample".
+  const std::string& name() const { return name_; }
+  /// What could not be read of the file, one line each.
+  const std::vector<std::string>& warnings() const { return warnings_; }
+  std::size_t rowCount() const { return table_.rowCount(); }
+  /// From the first to the last time.
+  const TimeSpan& span() const { return span_; }
+
+  /// The columns but the time that hold a number, at least one.
+  const std::vector<std::string>& quantities() const { return quantities_; }
+  /// Those and, over a calendar, the number of rows per some days.
+  std::vector<std::string> bandQuantities() const;
+
+  /// The quantities named, as far as there are such, and the first others instead of those that
+  /// are missing.
+  Choice choice(const std::optional<std::string>& value, const std::optional<std::string>& color,
+                const std::vector<std::string>& bands) const;
+
+  // Of quantities that there are
+
+  /// As symbols.
+  const Band& valueBand(const std::string& quantity) const;
+  /// In the style that suits the quantity.
+  const Band& band(const std::string& quantity) const;
+  const ColorCoding& coding(const std::string& quantity) const;
+
+ private:
+  const Column& column(const std::string& quantity) const;
+  void countRows(const std::vector<DaySpan>& unmeasured, const std::string& noun);
+
+  std::string name_;
+  Table table_;
+  std::vector<std::string> warnings_;
+  std::size_t time_ = 0;
+  TimeSpan span_;
+  std::vector<std::string> quantities_;
+  std::optional<Band> counts_;
+  mutable std::map<std::string, Band> valueBands_;
+  mutable std::map<std::string, Band> bands_;
+  mutable std::map<std::string, ColorCoding> codings_;
+};
+
+}  // namespace explorer
