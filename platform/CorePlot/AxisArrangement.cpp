@@ -29,9 +29,9 @@ CPTSign opposite(CPTSign side) {
 
 /// How far an axis shows something outside its line, on the side of its labels; 0 when nothing.
 CGFloat outerReach(const Member& member) {
-  const auto& [axis, layout] = member;
-  const CPTSign side = labelSide(*axis);
-  CGFloat reach = layout.majorTicks.empty() ? 0 : tickReach(*axis, side);
+  const AxisLayout& layout = member.layout;
+  const CPTSign side = labelSide(*member.axis);
+  CGFloat reach = layout.majorTicks.empty() ? 0 : tickReach(*member.axis, side);
   const auto include = [&](const Label& text) {
     const Stretch across = acrossOf(layout.coordinate, text.box());
     reach = std::max(

@@ -268,6 +268,18 @@ TEST(TimeAxis, AcrossTheNewYearHasATickPerDayForUpToNineDays) {
   });
 }
 
+TEST(TimeAxis, AcrossTheNewYearCountsFromMidnightToMidnight) {
+  expectAxes({
+      {{2001, 12, 28}, {2002, 1, 3}, "Days of 2001-2002", "362 363 364 365 001 002"},
+      {{2001, 12, 28, 0, 0, 1}, {2002, 1, 3}, "Days of 2001-2002", "362 363 364 365 001 002"},
+      {{2001, 12, 28}, {2002, 1, 2, 23, 59, 59}, "Days of 2001-2002", "362 363 364 365 001"},
+      {{2001, 12, 27, 23, 59, 59},
+       {2002, 1, 3},
+       "Days of 2001-2002",
+       "361 362 363 364 365 001 002"},
+  });
+}
+
 TEST(TimeAxis, AcrossTheNewYearTakesATenthOfTheDaysAsStep) {
   expectAxes({
       {{2001, 12, 28, 6},
@@ -340,6 +352,15 @@ TEST(TimeAxis, OfDaysCountsTheLastDayFromItsMidnightOn) {
       {Second::ofDay(2001, 7, 6), Second::ofDay(2001, 10), "Days of 2001", "007 008 009 010"},
       {Second::ofDay(2001, 7), Second::ofDay(2001, 9, 23, 59, 59), "Days of 2001", "007 008 009"},
   });
+}
+
+// Deliberate: a millionth of a step counts as none.
+TEST(TimeAxis, OfDaysCountsALastDayThatBeginsJustBehindTheEnd) {
+  const auto last = [](Second to) { return axisOf(Second::ofDay(2001, 1, 6), to).ticks.back(); };
+  EXPECT_EQ(last(Second::ofDay(2001, 224, 23, 59, 59)).second, "225");
+  EXPECT_EQ(last(Second::ofDay(2001, 224, 23, 59, 59)).first,
+            Second::ofDay(2001, 225).julianDay() + kTickShift);
+  EXPECT_EQ(last(Second::ofDay(2001, 224, 23, 59, 50)).second, "200");
 }
 
 TEST(TimeAxis, OfDaysHasItsTicksAtMidnight) {
@@ -469,6 +490,15 @@ TEST(TimeAxis, ThatStartsJustBehindAFullHourHasItsFirstTickAtTheNext) {
   EXPECT_THAT(labels(timeAxis({hour, hour + quarter})), StartsWith("12:00"));
   EXPECT_THAT(labels(timeAxis({std::nextafter(hour, 3e6), hour + quarter})), StartsWith("12:00"));
   EXPECT_THAT(labels(timeAxis({std::nextafter(hour, 0), hour + quarter})), StartsWith("12:00"));
+}
+
+TEST(TimeAxis, ThatStartsJustBeforeAFullHourByRoundingLastsNoHourLonger) {
+  const double noon = 2451545;
+  const double almostFourHours = noon + 3.9 / 24;
+  for (const double start : {noon, std::nextafter(noon, 0), std::nextafter(noon, 3e6)}) {
+    EXPECT_EQ(timeAxis({start, almostFourHours}).title, "2000-001");
+    EXPECT_THAT(labels(timeAxis({start, almostFourHours})), StartsWith("12:00 12:15 12:30"));
+  }
 }
 
 TEST(TimeAxis, OfLessThanFourHoursHasMinutes) {
