@@ -372,6 +372,16 @@ TEST_F(AxisLayoutTest, TimesOfDayThatAreLeftOutLeaveTheFullHours) {
   EXPECT_THAT(texts(layout({80, 300})), ElementsAre("8:0", "9:0"));
 }
 
+TEST_F(AxisLayoutTest, TimesOfDayThatAreLeftOutLeaveEvenPartsOfTheDay) {
+  std::vector<std::shared_ptr<CPTAxisLabel>> times;
+  for (int i = 0; i <= 18; ++i) times.push_back(label(std::to_string((11 + i) % 24) + ":00", i));
+  axis.setLabelingPolicy(CPTAxisLabelingPolicy::none);
+  axis.setAxisLabels(times);
+  space->setXRange({0, 18});
+  EXPECT_THAT(texts(layout({260, 300})),
+              ElementsAre("12:00", "15:00", "18:00", "21:00", "0:00", "3:00"));
+}
+
 TEST_F(AxisLayoutTest, NumbersAreRatherWholeThanTheTitle) {
   axis.setCoordinate(CPTCoordinate::Y);
   axis.setTitle("title");

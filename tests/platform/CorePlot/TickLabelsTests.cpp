@@ -117,6 +117,11 @@ TEST(TickLabels, OfStepsWithoutEndHaveAsManyDigitsAsCanBeSeen) {
   EXPECT_THAT(labels({10 / 3.0, 20 / 3.0}, *digits(3)), ElementsAre("3.333", "6.667"));
 }
 
+TEST(TickLabels, OfStepsThatNeedTooManyDigitsAreInScientificNotation) {
+  EXPECT_THAT(labels({2.5e-17, 5e-17, 7.5e-17}, *digits(17)),
+              ElementsAre("2.5x10^-17", "5x10^-17", "7.5x10^-17"));
+}
+
 TEST(TickLabels, OfAFormatterWithNumbersOfItsOwnAreLeftToIt) {
   class Thousands : public NSNumberFormatter {
     std::string string(double value) const override {
