@@ -6,7 +6,7 @@ EXPLORER := build/release/examples/impact-explorer/impact-explorer
         $(PRESETS:%=build-%) $(PRESETS:%=test-%)
 
 help:
-	@echo "make demo     draw the example figures into build/demo/"
+	@echo "make demo     draw the example figures into build/demo/, and open a window if there is a display"
 	@echo "make test     build and run the tests"
 	@echo "make check    all that a change has to pass; the tests are a part of it"
 	@echo "make format   put the sources into the common format"
@@ -24,6 +24,8 @@ demo: build/release/build.ninja
 	  --export build/demo/colour-tables.png --export build/demo/colour-tables.pdf
 	@echo "The figures are in $(CURDIR)/build/demo:"
 	@ls build/demo
+	@if test -n "$$DISPLAY$$WAYLAND_DISPLAY" -a -e build/release/hosts/Qt/libvexel-qt.so; then \
+	  echo "A window opens; close it to go on."; $(EXPLORER); fi
 
 test: test-release
 

@@ -14,6 +14,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScreen>
+#include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -110,7 +111,12 @@ void ExplorerWindow::addPanel() {
   };
   auto* const dock = new QDockWidget("Figure");
   dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
-  dock->setWidget(panel_);
+  auto* const scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setWidget(panel_);
+  dock->setWidget(scroll);
   addDockWidget(Qt::RightDockWidgetArea, dock);
 }
 
@@ -121,6 +127,7 @@ void ExplorerWindow::addProgress() {
   progress_->setMaximumWidth(240);
   cancel_ = new QToolButton;
   cancel_->setText("Cancel");
+  cancel_->setObjectName("cancel");
   statusBar()->addPermanentWidget(progress_);
   statusBar()->addPermanentWidget(cancel_);
   statusBar()->addPermanentWidget(shown_);

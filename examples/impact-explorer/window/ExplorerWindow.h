@@ -32,6 +32,10 @@ class ExplorerWindow : public QMainWindow {
   void show(std::shared_ptr<const Exploration> exploration, const Choice& choice);
   using QWidget::show;
 
+  /// Whether a file is being read.
+  bool isLoading() const { return job_ != nullptr; }
+  const ExplorerView& view() const { return *view_; }
+
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;

@@ -11,6 +11,7 @@ MessageBar::MessageBar(QWidget* parent) : QFrame(parent), label_(new QLabel) {
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::ToolTipBase);
   label_->setForegroundRole(QPalette::ToolTipText);
+  label_->setObjectName("message");
   label_->setTextFormat(Qt::PlainText);
   label_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   label_->setWordWrap(true);
