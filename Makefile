@@ -1,5 +1,5 @@
 # A short front for CMake; `cmake --preset release` and its companions work alone, too.
-PRESETS := release debug asan coverage
+PRESETS := release debug asan tsan coverage
 EXPLORER := build/release/examples/impact-explorer/impact-explorer
 
 .PHONY: help demo test check format setup setup-check headers tidy \
@@ -10,7 +10,8 @@ help:
 	@echo "make test     build and run the tests"
 	@echo "make check    all that a change has to pass; the tests are a part of it"
 	@echo "make format   put the sources into the common format"
-	@echo "build-PRESET and test-PRESET exist for the presets $(PRESETS)."
+	@echo "build-PRESET and test-PRESET exist for the presets $(PRESETS);"
+	@echo "tsan builds and runs what has to do with threads."
 
 demo: build/release/build.ninja
 	@cmake --build --preset release --target impact-explorer

@@ -156,9 +156,13 @@ void CairoCanvas::clip(const CGPath& path) {
   if (!isDrawable()) return;
   CGPath device = fillable(path.transformed(state_.transform));
   // A pixel cut in part would let what lies below shine through, once more with every drawing.
-  if (kind_ == Surface::pixels && isRectangle(device) && !device.boundingBox().isEmpty())
-    device =
-        rectPath(outwardToPixels(device.boundingBox().insetBy(kRoundingError, kRoundingError)));
+  if (kind_ == Surface::pixels && isRectangle(device) && !device.boundingBox().isEmpty()) {
+    const CGRect whole =
+        outwardToPixels(device.boundingBox().insetBy(kRoundingError, kRoundingError));
+    // Views and layers clip to the same few rectangles again and again.
+    if (state_.clipBox.unionWith(whole) == whole) return;
+    device = rectPath(whole);
+  }
   setPath(device);
   cairo_clip(cairo_.get());
   state_.clipIsRectangle = state_.clipIsRectangle && (isRectangle(device) || device.isEmpty());

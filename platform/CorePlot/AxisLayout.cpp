@@ -279,9 +279,13 @@ void drawGrid(CGContext& context, const std::optional<CPTLineStyle>& style,
   if (style) drawLines(context, style->strokeStyle(), layout, places, 0, layout.across);
 }
 
+bool touches(const AxisLayout::Text& text, const std::optional<CGRect>& rect) {
+  return !rect || !textReach(text.box()).intersection(*rect).isEmpty();
+}
+
 void drawText(CGContext& context, const AxisLayout::Text& text, const std::optional<CGRect>& rect) {
   if (!std::isfinite(text.center.x) || !std::isfinite(text.center.y)) return;
-  if (rect && textReach(text.box()).intersection(*rect).isEmpty()) return;
+  if (!touches(text, rect)) return;
   const CGSize size = text.content->frame().size;
   const CGSavedState state(context);
   context.translate(text.center.x, text.center.y);
@@ -391,6 +395,12 @@ void drawLineAndTicks(CGContext& context, const CPTXYAxis& axis, const AxisLayou
   // The corner where two axes meet is filled.
   if (stroke.cap == CGLineCap::butt) stroke.cap = CGLineCap::square;
   context.stroke(path, stroke);
+}
+
+bool textTouches(const AxisLayout& layout, const std::optional<CGRect>& rect) {
+  return !rect || (layout.title && touches(*layout.title, rect)) ||
+         std::any_of(layout.labels.begin(), layout.labels.end(),
+                     [&](const AxisLayout::Text& label) { return touches(label, rect); });
 }
 
 void drawLabels(CGContext& context, const AxisLayout& layout, const std::optional<CGRect>& rect) {

@@ -55,6 +55,8 @@ std::optional<AxisLayout> layoutAxis(const CPTXYAxis& axis, CGSize plotArea, con
 void drawMinorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
 void drawMajorGrid(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
 void drawLineAndTicks(CGContext& context, const CPTXYAxis& axis, const AxisLayout& layout);
+/// Whether labels or title touch `rect`, in the plot area's coordinates; true when it is absent.
+bool textTouches(const AxisLayout& layout, const std::optional<CGRect>& rect);
 /// Only what touches `rect`, in the plot area's coordinates, unless it is absent.
 void drawLabels(CGContext& context, const AxisLayout& layout, const std::optional<CGRect>& rect);
 void drawAxisTitle(CGContext& context, const AxisLayout& layout, const std::optional<CGRect>& rect);

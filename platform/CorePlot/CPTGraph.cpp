@@ -123,12 +123,14 @@ void CPTGraph::applyTheme(const std::shared_ptr<const CPTTheme>& theme) {
 void CPTGraph::setTitle(std::optional<std::string> title) {
   if (title_ == title) return;
   title_ = std::move(title);
+  titleSize_.reset();
   setNeedsDisplay();
 }
 
 void CPTGraph::setTitleTextStyle(CPTTextStyle style) {
   if (titleTextStyle_ == style) return;
   titleTextStyle_ = std::move(style);
+  titleSize_.reset();
   setNeedsDisplay();
 }
 
@@ -193,7 +195,8 @@ CGRect CPTGraph::titleFrame() const {
   if (!title_ || title_->empty() || !plotAreaFrame_ || !plotAreaFrame_->plotArea()) return {};
   const CGRect area = plotAreaFrame_->plotArea()->frame();
   const CGFloat middle = plotAreaFrame_->frame().minX() + area.midX();
-  const CGSize size = CPTTextLayer(*title_, titleTextStyle_).frame().size;
+  if (!titleSize_) titleSize_ = CPTTextLayer(*title_, titleTextStyle_).frame().size;
+  const CGSize size = *titleSize_;
   return {{middle - size.width / 2, bounds().maxY() - kTitleInset - size.height}, size};
 }
 

@@ -146,13 +146,21 @@ void ChartParts::drawGrid(CGContext& context) const {
 }
 
 void ChartParts::drawText(CGContext& context, const std::optional<CGRect>& rect) const {
+  const auto reaches = [&](const AxisArrangement::Member& axis) {
+    return textTouches(axis.layout, inPlotRect(rect));
+  };
+  if (std::any_of(arrangement_->axes.begin(), arrangement_->axes.end(), reaches))
+    drawAxisText(context, rect);
+  drawTitle(context, rect);
+}
+
+void ChartParts::drawAxisText(CGContext& context, const std::optional<CGRect>& rect) const {
   inPlotArea(context, [&] {
     for (const auto& placed : arrangement_->axes)
       drawLabels(context, placed.layout, inPlotRect(rect));
     for (const auto& placed : arrangement_->axes)
       drawAxisTitle(context, placed.layout, inPlotRect(rect));
   });
-  drawTitle(context, rect);
 }
 
 void ChartParts::drawTitle(CGContext& context, const std::optional<CGRect>& rect) const {

@@ -50,6 +50,7 @@ class ChartParts {
   void drawBackground(CGContext& context) const;
   void drawGrid(CGContext& context) const;
   void drawText(CGContext& context, const std::optional<CGRect>& rect) const;
+  void drawAxisText(CGContext& context, const std::optional<CGRect>& rect) const;
   void drawTitle(CGContext& context, const std::optional<CGRect>& rect) const;
   std::optional<CGRect> inPlotRect(const std::optional<CGRect>& rect) const;
 

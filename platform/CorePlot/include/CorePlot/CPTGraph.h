@@ -110,6 +110,7 @@ class CPTGraph : public CPTBorderedLayer {
   std::vector<std::shared_ptr<CPTPlot>> plots_;
   std::optional<std::string> title_;
   CPTTextStyle titleTextStyle_;
+  mutable std::optional<CGSize> titleSize_;
   /// Whether the hosting view has not been told of a change.
   bool changed_ = true;
   std::unique_ptr<ShownMarks> shown_;
