@@ -1,6 +1,7 @@
 #include <VexelQt/PlotWidget.h>
 
 #include <CoreGraphics/CGBitmapContext.h>
+#include <CoreGraphics/CGNullContext.h>
 #include <Vexel/FigureExport.h>
 
 #include <QAbstractEventDispatcher>
@@ -40,19 +41,39 @@ CGColor cgColor(const QColor& color) {
   return CGColor::deviceRGB(color.redF(), color.greenF(), color.blueF());
 }
 
-/// Draws the view and leaves marked what had been marked for display on the screen. Null when the
-/// bitmap cannot be made.
+/// Leaves marked what had been marked for display on the screen.
+void drawOnto(CGContext& context, NSView& view) {
+  const bool wasPending = view.subtreeNeedsDisplay();
+  view.display(context);
+  if (wasPending) view.setNeedsDisplay(true);
+}
+
+/// Null when the bitmap cannot be made.
 std::unique_ptr<CGBitmapContext> drawn(NSView& view, qreal pixelsPerPoint) {
   try {
     auto context = CGBitmapContext::create(view.bounds().size, pixelsPerPoint);
-    const bool wasPending = view.subtreeNeedsDisplay();
-    view.display(*context);
-    if (wasPending) view.setNeedsDisplay(true);
+    drawOnto(*context, view);
     return context;
   } catch (const CGContextError&) {
     return nullptr;
   }
 }
+
+/// Draws nothing and counts symbols.
+class SymbolCounter final : public CGNullContext {
+ public:
+  void drawSymbols(const CGPath&, const CGColor*, const CGStrokeStyle*,
+                   std::span<const CGPoint> centers) override {
+    count += centers.size();
+  }
+  void drawStyledSymbols(const CGPath&, std::span<const CGSymbolStyle>,
+                         std::span<const std::uint32_t>,
+                         std::span<const CGPoint> centers) override {
+    count += centers.size();
+  }
+
+  std::size_t count = 0;
+};
 
 /// Borrows the pixels of the context.
 QImage imageOf(CGBitmapContext& context) {
@@ -204,6 +225,9 @@ std::unique_ptr<QMimeData> PlotWidget::mimeData() const {
   if (!view) return choice;
   if (const QImage shown = image(kCopiedPixelsPerPoint * devicePixelRatioF()); !shown.isNull())
     choice->setImageData(shown);
+  SymbolCounter symbols;
+  drawOnto(symbols, *view);
+  if (symbols.count > kMostCopiedSymbols) return choice;
   for (const auto& [name, type] :
        {std::pair{"figure.pdf", "application/pdf"}, std::pair{"figure.svg", "image/svg+xml"}}) {
     try {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
 #include <QMimeData>
@@ -153,6 +154,16 @@ TEST_F(ExplorerWindowTest, QuantitiesAndBandsAreChosen) {
   choose(*find<QComboBox>(*window, "band1"), 0);
   choose(*find<QComboBox>(*window, "band1"), 0);
   EXPECT_TRUE(window->view().choice().bands.empty());
+}
+
+TEST_F(ExplorerWindowTest, CopiesTheFigure) {
+  ASSERT_TRUE(open(folder.write("good.csv", kTable)));
+  QGuiApplication::clipboard()->clear();
+  for (QAction* const action : window->findChildren<QAction*>())
+    if (action->text() == "&Copy") action->trigger();
+  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+  EXPECT_TRUE(data->hasImage());
+  EXPECT_TRUE(data->hasFormat("image/svg+xml"));
 }
 
 TEST_F(ExplorerWindowTest, EveryTableHasAPreviewWithItsLowEndOnTheLeft) {

@@ -45,6 +45,32 @@ TEST_F(PlotWidgetCopies, TheClipboardHoldsAnImageAndVectors) {
   EXPECT_TRUE(data->data("image/svg+xml").contains("<svg"));
 }
 
+class Symbols : public NSView {
+ public:
+  Symbols(CGRect frame, std::size_t count) : NSView(frame), centers_(count, CGPoint{20, 20}) {}
+
+  void draw(CGContext& context, CGRect) override {
+    CGMutablePath disc;
+    disc.addEllipse(CGRect::make(-2, -2, 4, 4));
+    const CGColor color = CGColor::deviceRGB(1, 0, 0);
+    context.drawSymbols(disc, &color, nullptr, centers_);
+  }
+
+ private:
+  std::vector<CGPoint> centers_;
+};
+
+TEST_F(PlotWidgetCopies, VeryManySymbolsAreCopiedAsAnImageOnly) {
+  for (const std::size_t more : {0, 1}) {
+    widget.setContentView(std::make_shared<Symbols>(CGRect::make(0, 0, 50, 50),
+                                                    PlotWidget::kMostCopiedSymbols + more));
+    const auto data = widget.mimeData();
+    EXPECT_TRUE(data->hasImage());
+    EXPECT_EQ(data->hasFormat("application/pdf"), more == 0);
+    EXPECT_EQ(data->hasFormat("image/svg+xml"), more == 0);
+  }
+}
+
 TEST_F(PlotWidgetCopies, NothingShownIsNothingCopied) {
   widget.setContentView(nullptr);
   EXPECT_TRUE(widget.mimeData()->formats().isEmpty());

@@ -55,8 +55,10 @@ class PlotWidget : public QWidget {
   /// What the widget shows, at so many pixels per point, transparent where no view draws. Null when
   /// there is nothing to show or the image would be too large for memory.
   QImage image(qreal pixelsPerPoint) const;
-  /// What a copy gives others to choose from: an image at twice the pixels of the screen, PDF and
-  /// SVG, whichever of them can be made. Owned by the caller.
+  /// A copy with more symbols is no drawing but an image alone: nobody waits for it.
+  static constexpr std::size_t kMostCopiedSymbols = 10'000;
+  /// What a copy gives others to choose from: an image at twice the pixels of the screen, and PDF
+  /// and SVG unless there are more than kMostCopiedSymbols symbols. What cannot be made is missing.
   std::unique_ptr<QMimeData> mimeData() const;
   /// Puts mimeData() onto the clipboard.
   void copy() const;
