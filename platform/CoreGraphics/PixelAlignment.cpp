@@ -13,6 +13,9 @@ using Type = CGPathElement::Type;
 // Coordinates that should be equal differ by rounding errors; on the edge of a pixel these must
 // not decide. Far below what can be seen.
 constexpr CGFloat kRoundingError = 1e-4;
+// And a line that is this much short of an edge, in pixels, stands with those that are on it: axes
+// of a frame are inset by traces.
+constexpr CGFloat kTrace = 1.0 / 128;
 
 // What the lines through a point of a path demand of it.
 struct Corner {
@@ -79,14 +82,14 @@ class Corners {
 }  // namespace
 
 CGFloat nearestPixelEdge(CGFloat coordinate) {
-  return std::floor(coordinate + 0.5 + kRoundingError);
+  return std::floor(coordinate + 0.5 + kTrace);
 }
 
 CGFloat alignedLineMiddle(CGFloat coordinate, CGFloat width, CGFloat low, CGFloat high) {
   const CGFloat whole = std::round(std::max(width, 1.0));
   const bool isOdd = std::fmod(whole, 2) == 1;
   const CGFloat middle =
-      isOdd ? std::floor(coordinate + kRoundingError) + 0.5 : nearestPixelEdge(coordinate);
+      isOdd ? std::floor(coordinate + kTrace) + 0.5 : nearestPixelEdge(coordinate);
   const bool isOnSurface =
       coordinate >= low - kRoundingError && coordinate <= high + kRoundingError;
   if (!isOnSurface || whole > high - low) return middle;

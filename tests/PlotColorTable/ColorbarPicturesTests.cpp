@@ -96,6 +96,29 @@ TEST_F(ColorbarPictures, ShowTheTableAlikeAcrossTheBar) {
   }
 }
 
+TEST_F(ColorbarPictures, HaveAFrameWhoseCornersAreClosed) {
+  for (const ColorBarDefinition& bar : kBars)
+    for (const double scale : {1.0, 1.5, 2.0}) {
+      make(bar, PlotTheme::black);
+      const auto context = bitmap(scale);
+      const auto pixels = context->pixels();
+      const int right = static_cast<int>(std::lround((kAreaRight + 2) * scale));
+      // Where the last white pixel of a row is: upper and lower axis end where the right one is.
+      const auto endOfRow = [&](int row) {
+        int x = right;
+        while (x > 0 &&
+               pixels[static_cast<std::size_t>(row * context->pixelWidth() + x)] != 0xffffffffu)
+          --x;
+        return x;
+      };
+      const int middle = static_cast<int>((kHeight - (kAreaTop + kAreaBottom) / 2) * scale);
+      const int upper = static_cast<int>((kHeight - kAreaTop) * scale);
+      int widest = 0;
+      for (int row = upper - 3; row <= upper + 3; ++row) widest = std::max(widest, endOfRow(row));
+      EXPECT_EQ(widest, endOfRow(middle)) << "scale " << scale;
+    }
+}
+
 TEST_F(ColorbarPictures, BeginWithTheBlackRowOnTop) {
   make(logarithmicBar(), PlotTheme::black);
   const auto context = bitmap(8);

@@ -13,9 +13,10 @@ TEST(AlignedLineMiddle, PutsEdgesOnEdgesOfPixels) {
   struct Row {
     double coordinate, width, middle;
   };
-  for (const Row& row : {Row{10.0, 1, 10.5}, Row{10.99, 1, 10.5}, Row{10.9999999, 1, 11.5},
-                         Row{10, 0.2, 10.5}, Row{10.4, 2, 10}, Row{10.5, 2, 11}, Row{10.4, 1.6, 10},
-                         Row{10.4, 3.3, 10.5}, Row{-20.2, 1, -20.5}})
+  for (const Row& row :
+       {Row{10.0, 1, 10.5}, Row{10.99, 1, 10.5}, Row{10.9999999, 1, 11.5}, Row{10.995, 1, 11.5},
+        Row{10.495, 2, 11}, Row{10, 0.2, 10.5}, Row{10.4, 2, 10}, Row{10.5, 2, 11},
+        Row{10.4, 1.6, 10}, Row{10.4, 3.3, 10.5}, Row{-20.2, 1, -20.5}})
     EXPECT_EQ(alignedLineMiddle(row.coordinate, row.width, 0, 100), row.middle)
         << row.coordinate << " width " << row.width;
 }
