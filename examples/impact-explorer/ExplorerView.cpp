@@ -167,7 +167,11 @@ std::string ExplorerView::shownText() {
 void ExplorerView::navigated(bool hasChanged) {
   if (!hasChanged) return;
   showTime();
-  changed();
+  // Another time is under the pointer now.
+  if (colored_ && colored_->markerTime())
+    moveMarker(pointer_);
+  else
+    changed();
 }
 
 double ExplorerView::middle() const {
@@ -222,6 +226,7 @@ void ExplorerView::removePins() {
 
 void ExplorerView::moveMarker(const NSEvent& event) {
   if (!colored_) return;
+  pointer_ = event;
   colored_->moveMarker(event);
   stack_->moveMarker(event);
   changed();

@@ -114,6 +114,8 @@ class ExplorerView : public vexel::PlotView {
   std::vector<double> pins_;
   std::optional<Drag> drag_;
   double lastWheel_ = 0;
+  /// What has moved the marker.
+  vexel::NSEvent pointer_;
 
   std::shared_ptr<vexel::PlotView> upper_, lower_;
   std::unique_ptr<ColorFigure> colored_;

@@ -114,6 +114,17 @@ TEST_F(ExplorerViewTest, TheMarkerReadsOutTimeAndValuesInEveryPart) {
   }
 }
 
+TEST_F(ExplorerViewTest, TheMarkerStaysUnderThePointerWhenTheTimeMoves) {
+  explore();
+  send(NSEventType::mouseMoved, xAt(80));
+  EXPECT_THAT(view->underMarker()->values.front(), Pair("A", "80.5"));
+  key(charactersOfFunctionKey(NSUpArrowFunctionKey));
+  view->panBackward();
+  EXPECT_THAT(view->underMarker()->values.front(), Pair("A", "66.5"));
+  view->showAll();
+  EXPECT_THAT(view->underMarker()->values.front(), Pair("A", "80.5"));
+}
+
 TEST_F(ExplorerViewTest, TheMarkerHidesBesideTheTimeAndWhenThePointerLeaves) {
   explore();
   for (const double x : {kLeft - 5, kRight + 5, 0.0, 599.0}) {
