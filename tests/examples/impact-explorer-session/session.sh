@@ -116,7 +116,7 @@ is_called() { [[ $(xdotool getwindowname "$main") == "$1 - Impact Explorer" ]]; 
 
 # Tables
 
-awk 'BEGIN {
+LC_ALL=C awk 'BEGIN {
   print "Julian date,Charge [fC],Speed [km/s],Distance [au]"
   for (i = 0; i < 4000; ++i)
     printf "%.3f,%.3f,%.3f,%.4f\n", 2459000.5 + i / 4, exp(4 + 3 * sin(i / 97) + sin(i * i)),
