@@ -3,7 +3,7 @@
 # user would, and says what is wrong. Screenshots are left in the folder, if one is given.
 # Exit code 77: something that it needs is not installed.
 set -uo pipefail
-program=$1
+program=$(realpath "$1")
 for tool in Xvfb xdotool import compare convert; do
   command -v "$tool" >/dev/null || {
     echo "session.sh: skipped, as $tool is not installed; tools/setup installs it" >&2
@@ -12,8 +12,8 @@ for tool in Xvfb xdotool import compare convert; do
 done
 
 folder=$(mktemp -d)
-shots=${2:-$folder}
-mkdir -p "$shots"
+mkdir -p "${2:-$folder}"
+shots=$(realpath "${2:-$folder}")
 display=
 explorer=
 failed=0
@@ -129,6 +129,7 @@ truncate -s 2G "$folder/sparse.csv"
 
 # Start
 
+cd "$folder" || exit 1
 "$program" "$folder/impacts.csv" --size 900x700 >"$folder/output" 2>&1 &
 explorer=$!
 wait_for 30 has_window "impacts.csv - Impact Explorer" || give_up "no window: $(cat "$folder/output")"
@@ -199,6 +200,16 @@ move 890 600
 returns still all "$figure" || complain "a double click does not show all"
 export_to again.svg
 cmp -s "$folder/start.svg" "$folder/again.svg" || complain "the way back ends in another figure"
+
+# Print, to a file as there is no printer
+
+key ctrl+p
+wait_for 10 has_window Print || complain "no dialog to print"
+focus "$(window Print)"
+key Return
+printed() { tail -c 10 "$folder/print.pdf" 2>/dev/null | grep -q %%EOF; }
+wait_for 20 printed || complain "nothing was printed"
+focus "$main"
 
 # Keys
 
