@@ -50,8 +50,9 @@ class Figure {
                                .labelRotation = 0});
   }
 
+  /// Repaints what has changed, as who hosts a window does.
   void display() {
-    if (window->needsDisplay()) window->display(*bitmap);
+    for (const CGRect& rect : window->dirtyRects()) window->displayRect(rect, *bitmap);
   }
 
   std::vector<std::uint32_t> pixels() { return {bitmap->pixels().begin(), bitmap->pixels().end()}; }
@@ -162,8 +163,8 @@ void expectLikeANewFigure(Figure& figure, const std::vector<std::string>& marker
   fresh.bitmap = CGBitmapContext::create({220, 160}, 1);
   fresh.graph->setNeedsDisplay();
   fresh.display();
+  // A marker set twice has a series that nobody told of later moves.
   figure.graph->reloadData();
-  figure.bitmap = CGBitmapContext::create({220, 160}, 1);
   figure.display();
   ASSERT_TRUE(figure.pixels() == fresh.pixels());
 }
