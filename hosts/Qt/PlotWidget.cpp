@@ -114,6 +114,8 @@ void PlotWidget::setContentView(std::shared_ptr<NSView> view) {
 
 void PlotWidget::scheduleDisplay() {
   if (!isVisible()) return;
+  // A view may be taken away by another widget.
+  if (contentView().get() != shownView_) return update();
   for (const CGRect& dirty : viewWindow_->dirtyRects()) {
     const QRectF rect(dirty.minX(), height() - dirty.maxY(), dirty.size.width, dirty.size.height);
     update(rect.toAlignedRect());
@@ -121,6 +123,7 @@ void PlotWidget::scheduleDisplay() {
 }
 
 void PlotWidget::paintEvent(QPaintEvent*) {
+  shownView_ = contentView().get();
   if (!contentView()) return;
   const CGColor background = cgColor(palette().color(backgroundRole()));
   if (!bitmap_->update(*viewWindow_, devicePixelRatioF(), background)) return;

@@ -49,6 +49,15 @@ struct Recorder : virtual NSObject, PlotViewDelegate {
   std::vector<CGSize> sizes;
 };
 
+/// Counts how often the widget that it is installed on is painted.
+struct Repaints : QObject {
+  bool eventFilter(QObject*, QEvent* event) override {
+    count += event->type() == QEvent::Paint;
+    return false;
+  }
+  int count = 0;
+};
+
 class PlotWidgetDisplay : public testing::TestWithParam<double> {
  protected:
   PlotWidgetDisplay() {
@@ -238,6 +247,24 @@ TEST_P(PlotWidgetDisplay, AnotherContentViewIsShownAtTheSizeOfTheWidget) {
   EXPECT_EQ(other->frame(), CGRect::make(0, 0, 200, 120));
   EXPECT_EQ(widget.sizeHint(), QSize(30, 20));
   expectShown(widget);
+}
+
+TEST_P(PlotWidgetDisplay, AViewThatAnotherWidgetTakesIsNoLongerShownHere) {
+  PlotWidget widget(view);
+  PlotWidget other(std::make_shared<Colored>(CGRect::make(0, 0, 200, 120), kBlue));
+  showOn(widget, GetParam());
+  showOn(other, GetParam());
+  Repaints repaints;
+  widget.installEventFilter(&repaints);
+  other.setContentView(view);
+  settle();
+  EXPECT_EQ(repaints.count, 1);
+  EXPECT_EQ(widget.contentView(), nullptr);
+  expectShown(other);
+  view->removeFromSuperview();
+  view.reset();
+  settle();
+  EXPECT_EQ(QColor(onScreen(other).pixel(20, 20)), other.palette().color(QPalette::Window));
 }
 
 INSTANTIATE_TEST_SUITE_P(AtEveryRatio, PlotWidgetDisplay, testing::ValuesIn(kRatios));

@@ -88,6 +88,8 @@ class PlotWidget : public QWidget {
 
   std::shared_ptr<NSWindow> viewWindow_;
   std::unique_ptr<class WindowBitmap> bitmap_;
+  /// Only to be compared; the view may be gone.
+  const NSView* shownView_ = nullptr;
   QSize sizeHint_;
   CGPoint pointer_;
   int clickCount_ = 0;
