@@ -23,7 +23,7 @@ class Cloud : public CPTPlotDataSource {
       y_.push_back(place(random));
       values.push_back(std::pow(10, decades(random)));
     }
-    colors_ = SymbolColorCode(SymbolColorCode::impactSpeed).getColors(values, std::nullopt)->colors;
+    colors_ = SymbolColorCode(SymbolColorCode::grainMass).getColors(values, std::nullopt)->colors;
   }
 
   std::size_t numberOfRecords(const CPTPlot&) override { return x_.size(); }
