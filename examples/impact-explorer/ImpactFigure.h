@@ -22,7 +22,7 @@ class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers>, public Time
   explicit ImpactFigure(std::vector<Band> bands,
                         std::optional<Highlights> highlights = std::nullopt,
                         std::optional<vexel::CGFloat> rightPadding = std::nullopt)
-      : bands_(std::move(bands)), highlights_(std::move(highlights)), rightPadding_(rightPadding) {}
+      : bands_(std::move(bands)), highlights_(highlights), rightPadding_(rightPadding) {}
 
   const std::vector<Band>& bands() const { return bands_; }
 

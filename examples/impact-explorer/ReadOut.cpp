@@ -20,7 +20,7 @@ std::string timeText(double time, double resolution, bool isInCalendar) {
   // Rounded to whole seconds beforehand, so that no time ends with 60 of them.
   const double rounded = std::floor(time / kSecond + 0.5) * kSecond + kSecond / 1000;
   const auto date = vexel::EventTime::julianDay2Date(rounded);
-  const std::string day = fmt::format("{:04}-{:02}-{:02}", date.year, date.month, date.day);
+  std::string day = fmt::format("{:04}-{:02}-{:02}", date.year, date.month, date.day);
   if (resolution > 1) return day;
   if (resolution / 2 > kSecond) return fmt::format("{} {:02}:{:02}", day, date.hour, date.minute);
   return fmt::format("{} {:02}:{:02}:{:02}", day, date.hour, date.minute, date.second);

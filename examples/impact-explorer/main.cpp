@@ -93,7 +93,7 @@ std::optional<int> parse(int argc, char** argv, Options& options) {
   }
   options.size = *points;
   if (options.exports.empty() && !canShowWindows()) {
-    complain("--export is required, as there is no display for a window");
+    complain("--export is required, as no window can be shown");
     return kFailure;
   }
   options.theme = theme == "black"   ? vexel::PlotTheme::black
@@ -129,8 +129,7 @@ std::unique_ptr<vexel::Vexel> bandFigure(const std::shared_ptr<vexel::NSView>& v
   // Another quantity may stand in for the time, and then there are no days to point out.
   std::optional<Highlights> highlights;
   if (!options.timeName) highlights = highlightsOf(*source.sample, bands.front());
-  return vexel::makePlot<ImpactFigure>(view, options.theme, std::move(bands),
-                                       std::move(highlights));
+  return vexel::makePlot<ImpactFigure>(view, options.theme, std::move(bands), highlights);
 }
 
 std::unique_ptr<vexel::Vexel> colorFigure(const std::shared_ptr<vexel::NSView>& view,
