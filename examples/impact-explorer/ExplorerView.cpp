@@ -27,6 +27,8 @@ constexpr double kPointsPerZoom = 200;
 // One event makes it at most that often e times shorter or longer.
 constexpr double kLargestZoom = 5;
 constexpr double kZoomStep = 0.7;
+// Ten minutes, in days: the labels of a time axis count no less than minutes.
+constexpr double kShortestTime = 10.0 / 1440;
 constexpr double kPanShare = 0.2;
 
 }  // namespace
@@ -52,7 +54,8 @@ ExplorerView::ExplorerView(CGRect frame, PlotTheme theme, std::optional<PlotCT> 
 void ExplorerView::explore(std::shared_ptr<const Exploration> exploration, Choice choice) {
   exploration_ = std::move(exploration);
   choice_ = std::move(choice);
-  navigation_ = TimeNavigation(exploration_->span());
+  const TimeSpan& whole = exploration_->span();
+  navigation_ = TimeNavigation(whole, whole.isInCalendar() ? kShortestTime : 0);
   pins_.clear();
   rebuild();
 }

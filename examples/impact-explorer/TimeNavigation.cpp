@@ -24,10 +24,11 @@ TimeSpan usable(const TimeSpan& span) {
 
 }  // namespace
 
-TimeNavigation::TimeNavigation(TimeSpan whole) : whole_(usable(whole)), history_{whole_} {
+TimeNavigation::TimeNavigation(TimeSpan whole, double shortest)
+    : whole_(usable(whole)), history_{whole_} {
   const double length = whole_.end - whole_.start;
   const double steps = kLeastSteps * std::max(stepOf(whole_.start), stepOf(whole_.end));
-  shortest_ = std::min(length, std::max(kShortest * length, steps));
+  shortest_ = std::min(length, std::max({steps, kShortest * length, shortest}));
 }
 
 TimeSpan TimeNavigation::accepted(TimeSpan wanted) const {

@@ -11,12 +11,13 @@ namespace explorer {
 /// steps is one step of the history as long as it is one gesture.
 class TimeNavigation {
  public:
-  /// The shortest span is so small a part of the whole.
+  /// The shortest span is at least so small a part of the whole.
   static constexpr double kShortest = 1e-6;
   static constexpr std::size_t kLongestHistory = 100;
 
-  /// Shows all of it. A span that is not finite or has no length is taken as 0 to 1.
-  explicit TimeNavigation(TimeSpan whole);
+  /// Shows all of it. A span that is not finite or has no length is taken as 0 to 1. Spans shorter
+  /// than `shortest` are not shown, unless the whole is.
+  explicit TimeNavigation(TimeSpan whole, double shortest = 0);
 
   const TimeSpan& whole() const { return whole_; }
   const TimeSpan& shown() const { return history_[place_]; }

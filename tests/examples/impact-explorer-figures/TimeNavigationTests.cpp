@@ -72,6 +72,19 @@ TEST(TimeNavigation, ZoomsNoFurtherThanTimesCanBeToldApart) {
   }
 }
 
+TEST(TimeNavigation, ZoomsNoFurtherThanItIsTold) {
+  for (const double shortest : {kNaN, -5.0, 0.0, 1e-9}) {
+    TimeNavigation time({0, 100}, shortest);
+    time.zoom(50, 1e-9);
+    EXPECT_NEAR(time.shown().end - time.shown().start, 1e-4, 1e-12) << shortest;
+  }
+  TimeNavigation time({0, 100}, 20);
+  time.zoom(50, 0.01);
+  EXPECT_EQ(time.shown(), (TimeSpan{40, 60}));
+  TimeNavigation fixed({0, 100}, 500);
+  EXPECT_FALSE(fixed.zoom(50, 0.01));
+}
+
 TEST(TimeNavigation, PansToTheEndsAndKeepsTheLength) {
   TimeNavigation time({0, 100});
   EXPECT_FALSE(time.pan(10));
