@@ -24,6 +24,10 @@ void CGContext::drawStyledSymbols(const CGPath& symbol, std::span<const CGSymbol
   }
 }
 
+bool CGContext::drawOnPixels(const std::function<void(const CGPixels&)>&) {
+  return false;
+}
+
 std::unique_ptr<CGLayer> CGContext::makeLayer(const CGRect&) {
   return nullptr;
 }

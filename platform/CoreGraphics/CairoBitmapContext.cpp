@@ -11,6 +11,7 @@
 #include "BitmapText.h"
 #include "CairoImage.h"
 #include "CairoLayer.h"
+#include "PixelTarget.h"
 #include "PngFile.h"
 #include "TransformFacts.h"
 
@@ -82,6 +83,18 @@ void CairoBitmapContext::drawStyledSymbols(const CGPath& symbol,
                                            std::span<const CGPoint> centers) {
   if (!drawStyledSymbolsOnBitmap(canvas_, symbol, styles, styleOfCenter, centers))
     CGContext::drawStyledSymbols(symbol, styles, styleOfCenter, centers);
+}
+
+bool CairoBitmapContext::drawOnPixels(const std::function<void(const CGPixels&)>& draw) {
+  if (!canvas_.isDrawable() || !canvas_.clipIsRectangle()) return false;
+  const PixelTarget target(canvas_);
+  const auto clip = target.wholeClip();
+  if (!clip) return false;
+  CGAffineTransform toPixels = canvas_.transform();
+  toPixels.tx -= canvas_.visible().minX();
+  toPixels.ty -= canvas_.visible().minY();
+  draw({target.buffer(), *clip, toPixels});
+  return true;
 }
 
 std::unique_ptr<CGLayer> CairoBitmapContext::makeLayer(const CGRect& rect) {

@@ -22,6 +22,7 @@ class CairoBitmapContext final : public CairoContext<CGBitmapContext> {
   void drawStyledSymbols(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
                          std::span<const std::uint32_t> styleOfCenter,
                          std::span<const CGPoint> centers) override;
+  bool drawOnPixels(const std::function<void(const CGPixels&)>& draw) override;
   std::unique_ptr<CGLayer> makeLayer(const CGRect& rect) override;
   void drawLayer(const CGLayer& layer) override;
 

@@ -2,8 +2,6 @@
 
 #include <cstdint>
 
-#include <CoreGraphics/CGColor.h>
-
 namespace vexel {
 
 /// `value` * `factor` / 255 for each of the four bytes of a pixel, rounded to the nearest; the
@@ -16,9 +14,6 @@ constexpr std::uint32_t scaledPixel(std::uint32_t value, std::uint32_t factor) {
   alphaGreen = (alphaGreen + (alphaGreen >> 8 & 0x00ff00ffu)) & 0xff00ff00u;
   return redBlue | alphaGreen;
 }
-
-/// A colour as a premultiplied pixel: alpha, red, green, blue from the highest byte down.
-std::uint32_t premultipliedPixel(const CGColor& color);
 
 /// One premultiplied pixel laid over another.
 constexpr std::uint32_t pixelOver(std::uint32_t above, std::uint32_t below) {

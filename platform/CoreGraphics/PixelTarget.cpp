@@ -45,7 +45,7 @@ PixelTarget::~PixelTarget() {
 }
 
 template <class Shape>
-PixelTarget::Box PixelTarget::visiblePart(const Shape& shape, int x, int y) const {
+PixelRect PixelTarget::visiblePart(const Shape& shape, int x, int y) const {
   return {std::max(shape.left + x, touched_.left), std::max(shape.top + y, touched_.top),
           std::min(shape.left + x + shape.width, touched_.right),
           std::min(shape.top + y + shape.height, touched_.bottom)};
@@ -53,10 +53,22 @@ PixelTarget::Box PixelTarget::visiblePart(const Shape& shape, int x, int y) cons
 
 template <class Shape>
 bool PixelTarget::canTake(const Shape& shape, int x, int y) const {
-  const Box part = visiblePart(shape, x, y);
-  if (part.left >= part.right || part.top >= part.bottom) return true;
+  const PixelRect part = visiblePart(shape, x, y);
+  if (part.isEmpty()) return true;
   return part.left >= whole_.left && part.right <= whole_.right && part.top >= whole_.top &&
          part.bottom <= whole_.bottom;
+}
+
+PixelBuffer PixelTarget::buffer() const {
+  return {pixels_, cairo_image_surface_get_width(surface_),
+          cairo_image_surface_get_height(surface_), rowLength_};
+}
+
+std::optional<PixelRect> PixelTarget::wholeClip() const {
+  if (whole_ != touched_) return std::nullopt;
+  const PixelRect clip{whole_.left - left_, whole_.top - top_, whole_.right - left_,
+                       whole_.bottom - top_};
+  return buffer().clipped(clip);
 }
 
 std::uint32_t* PixelTarget::row(int y) const {
@@ -65,7 +77,7 @@ std::uint32_t* PixelTarget::row(int y) const {
 
 bool PixelTarget::blend(const PixelStamp& stamp, int x, int y) {
   if (!canTake(stamp, x, y)) return false;
-  const Box part = visiblePart(stamp, x, y);
+  const PixelRect part = visiblePart(stamp, x, y);
   for (int v = part.top; v < part.bottom; ++v) {
     const std::uint32_t* from = placed(stamp.pixels.data(), stamp, x, y, v);
     std::uint32_t* to = row(v);
@@ -76,7 +88,7 @@ bool PixelTarget::blend(const PixelStamp& stamp, int x, int y) {
 
 bool PixelTarget::blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y) {
   if (!canTake(mask, x, y)) return false;
-  const Box part = visiblePart(mask, x, y);
+  const PixelRect part = visiblePart(mask, x, y);
   for (int v = part.top; v < part.bottom; ++v) {
     const std::uint8_t* from = placed(mask.coverage.data(), mask, x, y, v);
     std::uint32_t* to = row(v);

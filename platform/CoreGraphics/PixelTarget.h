@@ -2,7 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
+
+#include <CoreGraphics/PixelBuffer.h>
 
 #include "CairoCanvas.h"
 
@@ -40,6 +43,11 @@ class PixelTarget {
   bool blend(const PixelStamp& stamp, int x, int y);
   bool blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y);
 
+  /// All pixels, the upper left one first.
+  PixelBuffer buffer() const;
+  /// The clip as pixels of the buffer; absent when it leaves only a part of some.
+  std::optional<PixelRect> wholeClip() const;
+
   /// Lets `draw` use Cairo in between.
   template <class Draw>
   void suspendFor(Draw draw) {
@@ -49,14 +57,10 @@ class PixelTarget {
   }
 
  private:
-  struct Box {
-    int left, top, right, bottom;
-  };
-
   template <class Shape>
   bool canTake(const Shape& shape, int x, int y) const;
   template <class Shape>
-  Box visiblePart(const Shape& shape, int x, int y) const;
+  PixelRect visiblePart(const Shape& shape, int x, int y) const;
   std::uint32_t* row(int y) const;
 
   cairo_surface_t* surface_;
@@ -64,7 +68,7 @@ class PixelTarget {
   std::ptrdiff_t rowLength_;
   int left_, top_;
   // Pixels that the clip leaves whole, and those that it leaves at least in part.
-  Box whole_, touched_;
+  PixelRect whole_, touched_;
 };
 
 }  // namespace vexel

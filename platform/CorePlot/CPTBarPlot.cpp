@@ -92,13 +92,27 @@ void CPTBarPlot::setBarBasesVary(bool vary) {
   setDataNeedsReloading();
 }
 
-std::size_t CPTBarPlot::readData(CPTPlotDataSource& source, std::size_t records) {
+std::size_t CPTBarPlot::readData(CPTPlotDataSource& source, CPTRecordRange records) {
   locations_ = readField(source, CPTBarPlotFieldBarLocation, records, storedLocations_);
   tips_ = readField(source, CPTBarPlotFieldBarTip, records, storedTips_);
   std::size_t count = std::min(locations_.count(), tips_.count());
   if (!barBasesVary_) return count;
   bases_ = readField(source, CPTBarPlotFieldBarBase, records, storedBases_);
   return std::min(count, bases_.count());
+}
+
+RangeIndex::Extremes CPTBarPlot::extremes(CPTCoordinate coordinate, double floor) const {
+  RangeIndex::Extremes found;
+  const bool isAlong = (coordinate == CPTCoordinate::Y) == barsAreHorizontal_;
+  for (std::size_t i = 0; i < recordCount(); ++i) {
+    if (isAlong) {
+      found.add(locations_[i], floor);
+    } else {
+      found.add(tips_[i], floor);
+      found.add(barBasesVary_ ? bases_[i] : baseValue_, floor);
+    }
+  }
+  return found;
 }
 
 void CPTBarPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {

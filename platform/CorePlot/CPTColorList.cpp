@@ -47,6 +47,18 @@ std::vector<std::optional<CPTColor>> CPTColorList::elements() const {
   return elements;
 }
 
+void CPTColorList::append(CPTColorList more) {
+  if (empty()) {
+    *this = std::move(more);
+    return;
+  }
+  ColorPlaces known(palette_);
+  std::vector<std::uint32_t> placeOf;
+  for (const CPTColor& color : more.palette_) placeOf.push_back(known.placeOf(color));
+  for (const std::uint32_t place : more.places_)
+    places_.push_back(place == kNoColor ? kNoColor : placeOf[place]);
+}
+
 bool operator==(const CPTColorList& a, const CPTColorList& b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i)

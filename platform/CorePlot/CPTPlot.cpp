@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
 #include <CorePlot/CPTGraph.h>
 
@@ -32,6 +34,15 @@ void CPTPlot::setPlotSpace(std::shared_ptr<CPTPlotSpace> space) {
 
 void CPTPlot::setDataNeedsReloading() {
   dataNeedsReloading_ = true;
+  keptRecords_ = 0;
+  setNeedsDisplay();
+}
+
+void CPTPlot::insertData(std::size_t index, std::size_t count) {
+  if (count == 0) return;
+  if (index < recordCount_) return setDataNeedsReloading();
+  if (!dataNeedsReloading_) keptRecords_ = recordCount_;
+  dataNeedsReloading_ = true;
   setNeedsDisplay();
 }
 
@@ -40,18 +51,34 @@ void CPTPlot::reloadDataIfNeeded() {
 }
 
 void CPTPlot::reloadData() {
+  keptRecords_ = 0;
   readFromSource();
   setNeedsDisplay();
 }
 
 void CPTPlot::readFromSource() {
   dataNeedsReloading_ = false;
+  const std::size_t kept = std::exchange(keptRecords_, 0);
+  dataLabels_.resize(std::min(dataLabels_.size(), kept));
   recordCount_ = 0;
-  dataLabels_.clear();
-  if (auto* source = dataSource()) {
-    recordCount_ = readData(*source, source->numberOfRecords(*this));
-    dataLabels_ = source->dataLabels(*this, {0, recordCount_});
-  }
+  auto* const source = dataSource();
+  if (!source) return;
+  const std::size_t count = source->numberOfRecords(*this);
+  const std::size_t first = kept <= count ? kept : 0;
+  recordCount_ = readData(*source, {first, count - first});
+  if (dataLabels_.size() != first) dataLabels_.clear();
+  std::ranges::move(source->dataLabels(*this, {first, recordCount_ - first}),
+                    std::back_inserter(dataLabels_));
+}
+
+std::optional<CPTPlotRange> CPTPlot::plotRangeForCoordinate(CPTCoordinate coordinate,
+                                                            double floor) {
+  reloadDataIfNeeded();
+  if (!dataSource()) return std::nullopt;
+  const RangeIndex::Extremes found = extremes(coordinate, floor);
+  if (found.isEmpty()) return std::nullopt;
+  constexpr double kLongest = std::numeric_limits<double>::max();
+  return CPTPlotRange(found.lowest, std::min(found.highest - found.lowest, kLongest));
 }
 
 void CPTPlot::setLabelTextStyle(std::optional<CPTTextStyle> style) {
@@ -114,14 +141,17 @@ std::optional<std::vector<CGRect>> CPTPlot::placesOfMark(CGSize plotArea) {
   return places;
 }
 
-CPTNumericData CPTPlot::readField(CPTPlotDataSource& source, unsigned field, std::size_t records,
+CPTNumericData CPTPlot::readField(CPTPlotDataSource& source, unsigned field, CPTRecordRange records,
                                   std::vector<double>& storage) const {
-  storage.clear();
-  if (const auto lent = source.numbers(*this, field, {0, records})) return lent->part(0, records);
-  records = std::min(records, kMostSingleRecords);
-  storage.reserve(records);
-  for (std::size_t record = 0; record < records; ++record)
-    storage.push_back(source.number(*this, field, record));
+  const std::size_t end = records.location + records.length;
+  if (const auto lent = source.numbers(*this, field, {0, end})) {
+    storage.clear();
+    return lent->part(0, end);
+  }
+  storage.resize(std::min(records.location, storage.size()));
+  storage.reserve(std::min(end, kMostSingleRecords));
+  while (storage.size() < std::min(end, kMostSingleRecords))
+    storage.push_back(source.number(*this, field, storage.size()));
   return storage;
 }
 

@@ -47,7 +47,7 @@ std::optional<std::vector<CGRect>> CPTScatterPlot::seriesPlaces(const CPTXYPlotS
   const AxisScale yScale = space.scale(CPTCoordinate::Y, plotAreaSize().height);
   std::vector<CGPoint> points;
   for (std::size_t i = 0; i < recordCount(); ++i)
-    points.push_back({xScale.position(x_[i]), yScale.position(y_[i])});
+    points.push_back({xScale.position(records_.x(i)), yScale.position(records_.y(i))});
 
   const bool isStepped = interpolation_ != CPTScatterPlotInterpolation::linear;
   if (dataLineStyle_ && !canBeCut(points, *dataLineStyle_, isStepped)) return std::nullopt;

@@ -1,6 +1,8 @@
 #include <CorePlot/CPTXYPlotSpace.h>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <CorePlot/CPTGraph.h>
 #include <CorePlot/CPTGraphHostingView.h>
@@ -25,6 +27,26 @@ void CPTXYPlotSpace::setXScaleType(CPTScaleType type) {
 }
 void CPTXYPlotSpace::setYScaleType(CPTScaleType type) {
   change(yScaleType_, type);
+}
+
+void CPTXYPlotSpace::scaleToFitPlots(std::span<const std::shared_ptr<CPTPlot>> plots) {
+  setXRange(fittedRange(CPTCoordinate::X, plots));
+  setYRange(fittedRange(CPTCoordinate::Y, plots));
+}
+
+CPTPlotRange CPTXYPlotSpace::fittedRange(CPTCoordinate coordinate,
+                                         std::span<const std::shared_ptr<CPTPlot>> plots) const {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const double floor = scaleType(coordinate) == CPTScaleType::log ? 0 : -kInfinity;
+  double lowest = kInfinity;
+  double highest = -kInfinity;
+  for (const auto& plot : plots)
+    if (const auto range = plot ? plot->plotRangeForCoordinate(coordinate, floor) : std::nullopt) {
+      lowest = std::min(lowest, range->locationDouble());
+      highest = std::max(highest, range->endDouble());
+    }
+  if (!(lowest < highest)) return range(coordinate);
+  return {lowest, std::min(highest - lowest, std::numeric_limits<double>::max())};
 }
 
 AxisScale CPTXYPlotSpace::scale(CPTCoordinate coordinate, CGFloat extent) const {

@@ -14,6 +14,11 @@ std::size_t ColorPlaces::Hash::operator()(const CPTColor& color) const {
   return hash ^ hash >> 32;
 }
 
+ColorPlaces::ColorPlaces(std::vector<CPTColor>& colors) : colors_(colors) {
+  std::uint32_t place = 0;
+  for (const CPTColor& color : colors) places_.try_emplace(color, place++);
+}
+
 std::uint32_t ColorPlaces::placeOf(const CPTColor& color) {
   std::uint32_t& recent = recent_[Hash{}(color) % kRecent];
   if (recent < colors_.size() && colors_[recent] == color) return recent;

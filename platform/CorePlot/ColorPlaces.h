@@ -9,11 +9,11 @@
 
 namespace vexel {
 
-/// Numbers different colours in the order in which they first appear.
+/// Numbers different colours in the order in which they first appear, after those that are there.
 class ColorPlaces {
  public:
-  /// `colors` is emptied, then takes every new colour at its place.
-  explicit ColorPlaces(std::vector<CPTColor>& colors) : colors_(colors) { colors_.clear(); }
+  /// `colors` takes every new colour at its place.
+  explicit ColorPlaces(std::vector<CPTColor>& colors);
 
   std::uint32_t placeOf(const CPTColor& color);
 

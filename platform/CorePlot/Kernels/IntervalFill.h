@@ -1,7 +1,7 @@
 #pragma once
 
-#include <Kernels/PixelBuffer.h>
-#include <Kernels/PixelRect.h>
+#include <CoreGraphics/PixelBuffer.h>
+#include <CoreGraphics/PixelRect.h>
 
 #include <cstdint>
 

@@ -52,15 +52,15 @@ Summary summaryWithoutGaps(const double* x, const double* y, std::size_t count) 
 
 }  // namespace
 
-void RangeIndex::extend(std::span<const double> x, std::span<const double> y) {
-  const std::size_t newCount = std::min(x.size(), y.size());
+void RangeIndex::extend(CPTNumericData x, CPTNumericData y) {
+  const std::size_t newCount = std::min(x.count(), y.count());
   std::size_t known = count();
   if (newCount < known) {
     *this = RangeIndex();
     known = 0;
   }
-  x_ = x.first(newCount);
-  y_ = y.first(newCount);
+  x_ = x.part(0, newCount);
+  y_ = y.part(0, newCount);
 
   // The last node of every level may have been short of samples.
   std::size_t changed = known / kLeafSize;
@@ -68,6 +68,7 @@ void RangeIndex::extend(std::span<const double> x, std::span<const double> y) {
   if (levels_.empty()) levels_.emplace_back();
   levels_[0].extremes.resize(nodes);
   levels_[0].hasGap.resize(nodes);
+  leafX_.resize(nodes);
   for (std::size_t leaf = changed; leaf < nodes; ++leaf) readLeaf(leaf, known);
   for (std::size_t level = 1; nodes > 1; ++level) {
     changed /= kFanOut;
@@ -84,26 +85,31 @@ void RangeIndex::extend(std::span<const double> x, std::span<const double> y) {
 
 void RangeIndex::readLeaf(std::size_t leaf, std::size_t known) {
   const std::size_t begin = leaf * kLeafSize;
-  const std::size_t end = std::min(begin + kLeafSize, count());
-  if (begin > 0 && begin >= known && end - begin == kLeafSize) {
-    const Summary summary = summaryWithoutGaps(&x_[begin], &y_[begin], kLeafSize);
+  const std::size_t samples = std::min(kLeafSize, count() - begin);
+  const std::size_t before = begin > 0 ? 1 : 0;  // the x of which the order is looked at, too
+  std::array<double, kLeafSize + 1> xBuffer, yBuffer;
+  const double* x = x_.read(begin - before, samples + before, xBuffer.data()) + before;
+  const double* y = y_.read(begin, samples, yBuffer.data());
+  leafX_[leaf] = x[0];
+  if (before == 1 && begin >= known && samples == kLeafSize) {
+    const Summary summary = summaryWithoutGaps(x, y, kLeafSize);
     if (!summary.hasGap) {
       levels_[0].extremes[leaf] = summary.extremes;
       levels_[0].hasGap[leaf] = false;
       isAscending_ = isAscending_ && !summary.falls;
       isDescending_ = isDescending_ && !summary.rises;
-      lastX_ = x_[end - 1];
+      lastX_ = x[kLeafSize - 1];
       return;
     }
   }
 
-  for (std::size_t i = std::max(begin, known); i < end; ++i) readOrder(x_[i]);
+  for (std::size_t i = known > begin ? known - begin : 0; i < samples; ++i) readOrder(x[i]);
   Extremes found;
   bool hasGap = false;
-  for (std::size_t i = begin; i < end; ++i) {
-    if (isSample(x_[i], y_[i])) {
-      found.lowest = std::min(found.lowest, y_[i]);
-      found.highest = std::max(found.highest, y_[i]);
+  for (std::size_t i = 0; i < samples; ++i) {
+    if (isSample(x[i], y[i])) {
+      found.lowest = std::min(found.lowest, y[i]);
+      found.highest = std::max(found.highest, y[i]);
     } else {
       hasGap = true;
     }
@@ -149,6 +155,26 @@ RangeIndex::Extremes RangeIndex::extremes(std::size_t first, std::size_t last) c
   return found;
 }
 
+RangeIndex::Extremes RangeIndex::xExtremes(double floor) const {
+  if (count() > 0 && !hasGapInX_ && (isAscending_ || isDescending_)) {
+    const auto [lowest, highest] = std::minmax({x_[0], x_[count() - 1]});
+    if (lowest > floor) return {lowest, highest};
+  }
+  Extremes found;
+  visit(0, count(), [&](double x, double) { found.add(x, floor); });
+  return found;
+}
+
+RangeIndex::Extremes RangeIndex::yExtremes(double floor) const {
+  Extremes found = extremes(0, count());
+  if (found.isEmpty() || found.lowest > floor) return found;
+  found = {};
+  visit(0, count(), [&](double x, double y) {
+    if (std::isfinite(x)) found.add(y, floor);
+  });
+  return found;
+}
+
 void RangeIndex::addExtremes(Place node, std::size_t first, std::size_t last,
                              Extremes& found) const {
   const std::size_t begin = node.index * samplesPerNode(node.level);
@@ -178,10 +204,19 @@ std::pair<std::size_t, std::size_t> RangeIndex::samplesBetween(double fromX, dou
   const auto [low, high] = std::minmax(fromX, toX);
   const auto isBefore = [&](double x) { return isAscending_ ? x < low : x > high; };
   const auto isNotBehind = [&](double x) { return isAscending_ ? x <= high : x >= low; };
-  const auto begin = std::partition_point(x_.begin(), x_.end(), isBefore);
-  const auto end = std::partition_point(begin, x_.end(), isNotBehind);
-  const auto first = static_cast<std::size_t>(begin - x_.begin());
-  const auto last = static_cast<std::size_t>(end - x_.begin());
+  const auto firstNot = [this](std::size_t from, auto holds) {
+    std::size_t to = count();
+    while (from < to) {
+      const std::size_t middle = from + (to - from) / 2;
+      if (holds(x_[middle]))
+        from = middle + 1;
+      else
+        to = middle;
+    }
+    return from;
+  };
+  const std::size_t first = firstNot(0, isBefore);
+  const std::size_t last = firstNot(first, isNotBehind);
   return {first > 0 ? first - 1 : 0, std::min(last + 1, count())};
 }
 

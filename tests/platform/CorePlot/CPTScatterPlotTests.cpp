@@ -297,6 +297,7 @@ TEST_F(CPTScatterPlotTest, ALongLineCutInPartsLooksLikeTheWhole) {
     source.fields[0].push_back(20 + 1460.0 * i / kPoints);
     source.fields[1].push_back(50 + 30 * std::sin(0.35 * i) + 9 * std::sin(1.7 * i));
   }
+  std::swap(source.fields[0][2000], source.fields[0][2001]);  // sorted lines are drawn otherwise
   for (const CGLineCap cap : {CGLineCap::butt, CGLineCap::round, CGLineCap::square})
     for (const double width : {1.0, 3.0}) {
       plot->setDataLineStyle(CPTLineStyle{.lineCap = cap, .lineWidth = width});

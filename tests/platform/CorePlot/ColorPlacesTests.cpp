@@ -23,11 +23,11 @@ TEST(ColorPlaces, NumbersColoursInTheOrderInWhichTheyAppear) {
   EXPECT_THAT(colors, ElementsAre(CPTColor::redColor(), CPTColor::blueColor()));
 }
 
-TEST(ColorPlaces, BeginsAnew) {
-  std::vector<CPTColor> colors{CPTColor::redColor()};
+TEST(ColorPlaces, GoesOnBehindTheColoursThatAreThere) {
+  std::vector<CPTColor> colors{CPTColor::redColor(), CPTColor::redColor()};
   ColorPlaces places(colors);
-  EXPECT_THAT(colors, IsEmpty());
-  EXPECT_EQ(places.placeOf(CPTColor::blueColor()), 0u);
+  EXPECT_EQ(places.placeOf(CPTColor::blueColor()), 2u);
+  EXPECT_EQ(places.placeOf(CPTColor::redColor()), 0u);
 }
 
 TEST(ColorPlaces, TellsColoursApartAsComparisonDoes) {

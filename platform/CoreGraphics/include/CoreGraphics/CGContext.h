@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 
 #include <CoreGraphics/CGAffineTransform.h>
 #include <CoreGraphics/CGImage.h>
 #include <CoreGraphics/CGPath.h>
+#include <CoreGraphics/CGPixels.h>
 #include <CoreGraphics/CGRect.h>
 #include <CoreGraphics/CGStrokeStyle.h>
 #include <CoreGraphics/CGSymbolStyle.h>
@@ -53,6 +55,11 @@ class CGContext : public CGTextMeasure {
   virtual void drawStyledSymbols(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
                                  std::span<const std::uint32_t> styleOfCenter,
                                  std::span<const CGPoint> centers);
+
+  /// Lends the pixels to `draw`, which may blend into them what no path describes. False, and
+  /// nothing is called, when there are none (vector surfaces, recordings) or the clip is not a
+  /// rectangle of whole pixels.
+  virtual bool drawOnPixels(const std::function<void(const CGPixels&)>& draw);
 
   /// An empty transparent layer of the resolution of this context that covers `rect` of the
   /// present coordinates, or null when the context has no pixels to keep (vector surfaces,

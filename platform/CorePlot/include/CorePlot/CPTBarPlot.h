@@ -47,7 +47,8 @@ class CPTBarPlot : public CPTPlot {
   void setFill(std::optional<CPTFill> fill) { change(fill_, std::move(fill)); }
 
  protected:
-  std::size_t readData(CPTPlotDataSource& source, std::size_t records) override;
+  std::size_t readData(CPTPlotDataSource& source, CPTRecordRange records) override;
+  RangeIndex::Extremes extremes(CPTCoordinate coordinate, double floor) const override;
   void drawSeries(CGContext& context, const CPTXYPlotSpace& space) override;
   std::vector<LabelPlace> labelPlaces(const CPTXYPlotSpace& space) const override;
 

@@ -32,6 +32,8 @@ class CPTColorList {
   std::optional<CPTColor> operator[](std::size_t index) const;
   void set(std::size_t index, const std::optional<CPTColor>& color);
   std::vector<std::optional<CPTColor>> elements() const;
+  /// Adds the elements of another list behind the present ones.
+  void append(CPTColorList more);
 
   /// Colours that elements have, maybe more.
   std::span<const CPTColor> palette() const { return palette_; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -12,6 +13,7 @@
 #include <CorePlot/CPTTextStyle.h>
 #include <CorePlot/CPTXYPlotSpace.h>
 #include <Foundation/NSFormatter.h>
+#include <Kernels/RangeIndex.h>
 
 namespace vexel {
 
@@ -50,6 +52,18 @@ class CPTPlot : public CPTLayer {
   /// Records read at the last reload.
   std::size_t recordCount() const { return recordCount_; }
 
+  /// Says that the data source has `count` records more than before, `index` records before the
+  /// first of them. At the end of the series only they are read before the next display, of which
+  /// a lent field is not an exception: what was lent before must be there still, maybe at another
+  /// place. Anywhere else it is the same as setDataNeedsReloading().
+  void insertData(std::size_t index, std::size_t count);
+
+  /// What the records span of a coordinate of the plot space, with nothing around it: from the
+  /// lowest to the highest of its finite numbers above `floor`. Absent when there is none. Reads
+  /// the data when they have not been read.
+  std::optional<CPTPlotRange> plotRangeForCoordinate(
+      CPTCoordinate coordinate, double floor = -std::numeric_limits<double>::infinity());
+
   /// Style of labels made by the formatter; absent: the default style.
   const std::optional<CPTTextStyle>& labelTextStyle() const { return labelTextStyle_; }
   void setLabelTextStyle(std::optional<CPTTextStyle> style);
@@ -81,9 +95,11 @@ class CPTPlot : public CPTLayer {
  protected:
   explicit CPTPlot(CGRect frame) : CPTLayer(frame) {}
 
-  /// Reads the fields that the kind of plot needs; `records` is what the source said it has.
-  /// Returns the number of records that can be drawn.
-  virtual std::size_t readData(CPTPlotDataSource& source, std::size_t records) = 0;
+  /// Reads the fields that the kind of plot needs of these records; those before them have been
+  /// read and are the same. Returns the number of records that can be drawn, all in all.
+  virtual std::size_t readData(CPTPlotDataSource& source, CPTRecordRange records) = 0;
+  /// The lowest and the highest of the finite numbers above `floor`.
+  virtual RangeIndex::Extremes extremes(CPTCoordinate coordinate, double floor) const = 0;
   /// Draws the series into the plot area, whose bottom-left corner is (0, 0) and which it is
   /// clipped to.
   virtual void drawSeries(CGContext& context, const CPTXYPlotSpace& space) = 0;
@@ -97,8 +113,9 @@ class CPTPlot : public CPTLayer {
 
   CGSize plotAreaSize() const { return plotAreaSize_; }
 
-  /// A field as the source lends it, or asked for record by record into `storage`.
-  CPTNumericData readField(CPTPlotDataSource& source, unsigned field, std::size_t records,
+  /// A field as the source lends it, from the first record on, or `records` asked for one by one
+  /// and put into `storage` behind those before them.
+  CPTNumericData readField(CPTPlotDataSource& source, unsigned field, CPTRecordRange records,
                            std::vector<double>& storage) const;
   /// Where the label of a record goes: its near edge is labelOffset from `anchor` in the direction
   /// given (a unit vector along an axis).
@@ -135,6 +152,8 @@ class CPTPlot : public CPTLayer {
   std::shared_ptr<CPTPlotSpace> plotSpace_;
   bool dataNeedsReloading_ = true;
   std::size_t recordCount_ = 0;
+  /// Records that need not be read again.
+  std::size_t keptRecords_ = 0;
   bool hasDrawnRecords_ = false;
   std::vector<std::shared_ptr<CPTTextLayer>> dataLabels_;
   std::optional<CPTTextStyle> labelTextStyle_ = CPTTextStyle{};

@@ -1,11 +1,16 @@
 #pragma once
 
+#include <memory>
+#include <span>
+
 #include <CorePlot/CPTDefinitions.h>
 #include <CorePlot/CPTPlotRange.h>
 #include <CorePlot/CPTPlotSpace.h>
 #include <Kernels/AxisScale.h>
 
 namespace vexel {
+
+class CPTPlot;
 
 /// Cartesian coordinates, each with a range over the plot area and a linear or logarithmic
 /// scale. The range of a log scale must lie above 0; nothing is drawn on it otherwise.
@@ -30,6 +35,10 @@ class CPTXYPlotSpace : public CPTPlotSpace {
     return coordinate == CPTCoordinate::X ? xScaleType_ : yScaleType_;
   }
 
+  /// Sets both ranges to what the plots span together, on a logarithmic scale by their numbers
+  /// above 0. A coordinate in which they have fewer than two different numbers keeps its range.
+  void scaleToFitPlots(std::span<const std::shared_ptr<CPTPlot>> plots);
+
   /// The map from a coordinate to points over `extent` points, and back.
   AxisScale scale(CPTCoordinate coordinate, CGFloat extent) const;
 
@@ -39,6 +48,8 @@ class CPTXYPlotSpace : public CPTPlotSpace {
  private:
   template <class T>
   void change(T& property, const T& value);
+  CPTPlotRange fittedRange(CPTCoordinate coordinate,
+                           std::span<const std::shared_ptr<CPTPlot>> plots) const;
 
   CPTPlotRange xRange_;
   CPTPlotRange yRange_;

@@ -15,6 +15,7 @@
 namespace vexel {
 namespace {
 
+using testing::ElementsAre;
 using testing::Pair;
 using Values = std::vector<double>;
 
@@ -141,7 +142,7 @@ std::vector<CGPoint> outline(const RangeIndex& index, std::size_t first, std::si
                              double floor, double narrow) {
   std::vector<CGPoint> points;
   index.visitOutline(
-      first, last, floor, [&](double x0, double x1) { return std::abs(x1 - x0) <= narrow; },
+      first, last, floor, [&](double x) { return index.isAscending() ? x + narrow : x - narrow; },
       [&](double x, double y) {
         points.push_back({x, y});
       });
@@ -163,6 +164,20 @@ TEST(RangeIndex, GivesTheSamplesWhereTheyAreFarApart) {
   EXPECT_TRUE(std::isnan(points[7].y));
 }
 
+TEST(RangeIndex, OutlinesNarrowSamplesByFirstLowestHighestAndLastInTheirOrder) {
+  const Values x = {0, 0.1, 0.2, 0.3, 0.4, 1, 1.1, 1.2, 2, 2.1, 2.2, 2.3, 3};
+  const Values y = {5, 9, 7, 1, 4, 8, 6, 6, kNaN, kNaN, 2, -1, 3};
+  const auto points = outline(RangeIndex(x, y), 0, x.size(), 0, 0.5);
+  std::vector<std::pair<double, double>> found;
+  for (CGPoint p : points) found.emplace_back(p.x, std::isnan(p.y) ? 100 : p.y);
+  EXPECT_THAT(found, ElementsAre(Pair(0, 5), Pair(0.1, 9), Pair(0.3, 1), Pair(0.4, 4), Pair(1, 8),
+                                 Pair(1.1, 6), Pair(1.2, 6), Pair(2, 100), Pair(2.2, 2),
+                                 Pair(2.3, -1), Pair(3, 3)));
+
+  const Values down(x.rbegin(), x.rend());
+  EXPECT_THAT(outline(RangeIndex(down, x), 8, 13, 0, 0.5).size(), 2u);
+}
+
 TEST(RangeIndex, KeepsGapsHoweverShort) {
   const Values x = counted(100000);
   Values y = counted(100000);
@@ -175,7 +190,7 @@ TEST(RangeIndex, KeepsGapsHoweverShort) {
   EXPECT_EQ(gaps, 1);
 }
 
-TEST(RangeIndex, GivesPartsWithValuesNotAboveTheFloorSampleBySample) {
+TEST(RangeIndex, KeepsValuesNotAboveTheFloorApart) {
   const Values x = counted(100000);
   Values y(100000, 5.0);
   y[50000] = -3;

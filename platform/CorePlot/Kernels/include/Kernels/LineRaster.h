@@ -1,8 +1,8 @@
 #pragma once
 
 #include <CoreGraphics/CGPoint.h>
-#include <Kernels/PixelBuffer.h>
-#include <Kernels/PixelRect.h>
+#include <CoreGraphics/PixelBuffer.h>
+#include <CoreGraphics/PixelRect.h>
 
 #include <cstdint>
 #include <span>

@@ -1,18 +1,21 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <iterator>
 #include <limits>
-#include <span>
 #include <utility>
 #include <vector>
+
+#include <CorePlot/CPTNumericData.h>
 
 namespace vexel {
 
 /// The lowest and highest y of a series of samples over any part of it, without looking at them
-/// all: extremes per leaf of 64 samples, and of 8 leaves, 64 leaves and so on, which is 2 % of the
-/// data. Samples whose x or y is not finite are gaps: they have no extremes and are known to be
-/// there.
+/// all: extremes and first x per leaf of 64 samples, extremes of 4 leaves, 16 leaves and so on,
+/// which is 3 % of the data. Samples whose x or y is not finite are gaps: they have no extremes and
+/// are known to be there.
 ///
 /// The samples are borrowed: they must stay, unchanged, as long as the index is used.
 class RangeIndex {
@@ -23,19 +26,27 @@ class RangeIndex {
     double highest = -std::numeric_limits<double>::infinity();
 
     bool isEmpty() const { return lowest > highest; }
+    /// Takes in a number that is finite and above the floor.
+    void add(double number, double floor) {
+      if (!(number > floor && number <= std::numeric_limits<double>::max())) return;
+      lowest = std::min(lowest, number);
+      highest = std::max(highest, number);
+    }
     friend bool operator==(const Extremes&, const Extremes&) = default;
   };
 
   RangeIndex() = default;
 
-  /// Reads all samples once. When one of the spans is longer, its rest is ignored.
-  RangeIndex(std::span<const double> x, std::span<const double> y) { extend(x, y); }
+  /// Reads all samples once. When there are more x than y, or the reverse, the rest is ignored.
+  RangeIndex(CPTNumericData x, CPTNumericData y) { extend(x, y); }
 
   /// The same samples with more behind them, maybe at another place in memory. Reads only what is
   /// new. When there are fewer than before, everything is read again.
-  void extend(std::span<const double> x, std::span<const double> y);
+  void extend(CPTNumericData x, CPTNumericData y);
 
-  std::size_t count() const { return x_.size(); }
+  std::size_t count() const { return x_.count(); }
+  double x(std::size_t sample) const { return x_[sample]; }
+  double y(std::size_t sample) const { return y_[sample]; }
 
   /// The finite x ascend or descend; equal ones are allowed. Both hold when there is one x only.
   bool isAscending() const { return isAscending_; }
@@ -44,29 +55,46 @@ class RangeIndex {
   /// Of the samples first to last - 1.
   Extremes extremes(std::size_t first, std::size_t last) const;
 
+  /// Of all finite x, and of the y of all samples, as far as they are above `floor`. Quick where
+  /// all of them are.
+  Extremes xExtremes(double floor) const;
+  Extremes yExtremes(double floor) const;
+
   /// The samples (first, and the one behind the last) that a line needs between two x: those
   /// inside and the next one on either side. All of them when x neither ascend nor descend or have
   /// gaps.
   std::pair<std::size_t, std::size_t> samplesBetween(double fromX, double toX) const;
 
+  /// Calls point(x, y) for each of the samples first to last - 1.
+  template <class Point>
+  void visit(std::size_t first, std::size_t last, Point&& point) const {
+    std::array<double, kLeafSize> xBuffer, yBuffer;
+    for (last = std::min(last, count()); first < last; first += kLeafSize) {
+      const std::size_t samples = std::min(kLeafSize, last - first);
+      const double* x = x_.read(first, samples, xBuffer.data());
+      const double* y = y_.read(first, samples, yBuffer.data());
+      for (std::size_t i = 0; i < samples; ++i) point(x[i], y[i]);
+    }
+  }
+
   /// Calls point(x, y) along a line that looks like the one through the samples first to last - 1,
-  /// whose x must ascend or descend. Parts that are narrow, as isNarrow(x0, x1) tells of two
-  /// finite x, are replaced by their lowest and highest y at the middle of their x. Gaps are kept:
-  /// parts that have any, or a y that is not above `floor`, are given sample by sample, as they
-  /// are. So are the parts that are wide though they are few samples.
-  template <class IsNarrow, class Point>
-  void visitOutline(std::size_t first, std::size_t last, double floor, IsNarrow&& isNarrow,
+  /// whose x must ascend or descend. A part is narrow when all its x lie before narrowEnd(x) of its
+  /// first x; whole leaves that are narrow are replaced by their lowest and highest y at the middle
+  /// of their x, fewer samples by their first, lowest, highest and last in order. Gaps and y that
+  /// are not above `floor` are never left out, but one stands for several in a row.
+  template <class NarrowEnd, class Point>
+  void visitOutline(std::size_t first, std::size_t last, double floor, NarrowEnd&& narrowEnd,
                     Point&& point) const {
     last = std::min(last, count());
     if (first >= last) return;
     const std::size_t top = levels_.size() - 1;
     for (std::size_t i = 0; i < levels_[top].size(); ++i)
-      visitNode({top, i}, first, last, floor, isNarrow, point);
+      visitNode({top, i}, first, last, floor, narrowEnd, point);
   }
 
  private:
   static constexpr std::size_t kLeafSize = 64;
-  static constexpr std::size_t kFanOut = 8;
+  static constexpr std::size_t kFanOut = 4;
 
   struct Level {
     std::vector<Extremes> extremes;
@@ -90,34 +118,74 @@ class RangeIndex {
   void gatherLevel(std::size_t level, std::size_t fromNode);
   void addExtremes(Place node, std::size_t first, std::size_t last, Extremes& found) const;
 
-  template <class IsNarrow, class Point>
-  void visitNode(Place node, std::size_t first, std::size_t last, double floor, IsNarrow&& isNarrow,
-                 Point&& point) const {
-    const std::size_t begin = node.index * samplesPerNode(node.level);
-    const std::size_t end = std::min(begin + samplesPerNode(node.level), count());
+  bool isBefore(double x, double end) const { return isAscending_ ? x < end : x > end; }
+  /// The first x of a leaf, or the last of all when there is no such leaf.
+  double leafX(std::size_t leaf) const { return leaf < leafX_.size() ? leafX_[leaf] : lastX_; }
+
+  template <class NarrowEnd, class Point>
+  void visitNode(Place node, std::size_t first, std::size_t last, double floor,
+                 NarrowEnd&& narrowEnd, Point&& point) const {
+    const std::size_t samples = samplesPerNode(node.level);
+    const std::size_t begin = node.index * samples;
+    const std::size_t end = std::min(begin + samples, count());
     if (begin >= last || end <= first) return;
 
     const Level& level = levels_[node.level];
     const Extremes& extremes = level.extremes[node.index];
+    const double x0 = leafX(begin / kLeafSize);
+    const double x1 = leafX((begin + samples) / kLeafSize);
     if (begin >= first && end <= last && !level.hasGap[node.index] && extremes.lowest > floor &&
-        isNarrow(x_[begin], x_[end - 1])) {
-      const double middle = x_[begin] / 2 + x_[end - 1] / 2;
+        isBefore(x1, narrowEnd(x0))) {
+      const double middle = x0 / 2 + x1 / 2;
       point(middle, extremes.lowest);
       point(middle, extremes.highest);
     } else if (node.level > 0) {
       const std::size_t child = node.index * kFanOut;
       const std::size_t children = std::min(kFanOut, levels_[node.level - 1].size() - child);
       for (std::size_t i = 0; i < children; ++i)
-        visitNode({node.level - 1, child + i}, first, last, floor, isNarrow, point);
+        visitNode({node.level - 1, child + i}, first, last, floor, narrowEnd, point);
     } else {
-      for (std::size_t i = std::max(begin, first); i < std::min(end, last); ++i)
-        point(x_[i], y_[i]);
+      visitLeaf(std::max(begin, first), std::min(end, last), floor, narrowEnd, point);
     }
   }
 
-  std::span<const double> x_;
-  std::span<const double> y_;
+  template <class NarrowEnd, class Point>
+  void visitLeaf(std::size_t first, std::size_t last, double floor, NarrowEnd&& narrowEnd,
+                 Point&& point) const {
+    const std::size_t samples = last - first;
+    std::array<double, kLeafSize> xBuffer, yBuffer;
+    const double* x = x_.read(first, samples, xBuffer.data());
+    const double* y = y_.read(first, samples, yBuffer.data());
+    const auto isGap = [&](std::size_t i) {
+      constexpr double kLargest = std::numeric_limits<double>::max();
+      return !(y[i] > floor && y[i] <= kLargest && x[i] >= -kLargest && x[i] <= kLargest);
+    };
+    for (std::size_t i = 0; i < samples;) {
+      const std::size_t from = i++;
+      if (isGap(from)) {
+        point(x[from], y[from]);
+        while (i < samples && isGap(i)) ++i;
+        continue;
+      }
+      std::size_t lowest = from;
+      std::size_t highest = from;
+      for (const double end = narrowEnd(x[from]); i < samples && isBefore(x[i], end); ++i) {
+        if (isGap(i)) break;
+        if (y[i] < y[lowest]) lowest = i;
+        if (y[i] > y[highest]) highest = i;
+      }
+      const std::size_t outline[] = {from, std::min(lowest, highest), std::max(lowest, highest),
+                                     i - 1};
+      point(x[from], y[from]);
+      for (std::size_t k = 1; k < std::size(outline); ++k)
+        if (outline[k] > outline[k - 1]) point(x[outline[k]], y[outline[k]]);
+    }
+  }
+
+  CPTNumericData x_;
+  CPTNumericData y_;
   std::vector<Level> levels_;  // from the leaves up
+  std::vector<double> leafX_;  // the first of each leaf
   bool isAscending_ = true;
   bool isDescending_ = true;
   bool hasGapInX_ = false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <Kernels/PixelRect.h>
+#include <CoreGraphics/PixelRect.h>
 
 #include <algorithm>
 #include <cstddef>

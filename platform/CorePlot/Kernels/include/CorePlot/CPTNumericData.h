@@ -45,6 +45,10 @@ class CPTNumericData {
   /// The numbers as they stand when they are doubles side by side; otherwise empty.
   std::span<const double> doubles() const;
 
+  /// `count` numbers from `first` on, which must be there, as doubles: where they are when they
+  /// are doubles side by side, otherwise converted into `buffer`, which has room for them.
+  const double* read(std::size_t first, std::size_t count, double* buffer) const;
+
   /// At most `count` numbers from `first` on.
   CPTNumericData part(std::size_t first, std::size_t count) const;
 

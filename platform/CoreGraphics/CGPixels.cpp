@@ -1,4 +1,4 @@
-#include "PixelBlend.h"
+#include <CoreGraphics/CGPixels.h>
 
 #include <algorithm>
 #include <cmath>
