@@ -2,38 +2,71 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <vector>
 
+#include "FrontToBack.h"
 #include "PixelTarget.h"
 
 namespace vexel {
 
 namespace {
 
+// Symbols ahead for which the memory is asked while others are drawn.
+constexpr std::size_t kAhead = 16;
+// Of so many symbols most are hidden by others.
+constexpr std::size_t kManySymbols = 200'000;
+// More would take too much memory beside the bitmap itself.
+constexpr std::int64_t kMostHiddenPixels = 1 << 26;
+
+// A place in eighths of a pixel: the pixel, and the phase in it.
+struct PhasePlace {
+  explicit PhasePlace(CGPoint p)
+      : x(static_cast<int>(std::floor(p.x * 8 + 0.5))),
+        y(static_cast<int>(std::floor(p.y * 8 + 0.5))) {
+    static_assert(SymbolStamps::kPhases == 8);
+  }
+
+  PixelStamp stampOf(SymbolStamps& stamps) const { return stamps.stamp(x & 7, y & 7); }
+  // Shifts of negative numbers round down, as the phases want it.
+  int pixelX() const { return x >> 3; }
+  int pixelY() const { return y >> 3; }
+
+  int x;
+  int y;
+};
+
+/// Centres farther out cannot be seen, and their places would be too large for integers.
+CGRect reachOf(const CairoCanvas& canvas) {
+  constexpr CGFloat kReach = SymbolStamps::kMaximumSide;
+  return canvas.clipBox().insetBy(-kReach, -kReach);
+}
+
 /// Draws symbols one by one, from stamps where they have any. The clip is a rectangle.
 class SymbolPainter {
  public:
   explicit SymbolPainter(CairoCanvas& canvas)
-      : canvas_(canvas), reach_(canvas.clipBox().insetBy(-kReach, -kReach)), target_(canvas) {}
+      : canvas_(canvas), reach_(reachOf(canvas)), target_(canvas) {}
+
+  void prepare(const SymbolStamps* stamps, const CGPoint& center) const {
+    const CGPoint p = canvas_.transform().apply(center);
+    if (!stamps || !reach_.contains(p)) return;
+    const PhasePlace place(p);
+    target_.prefetch(place.pixelX(), place.pixelY(), stamps->reach());
+  }
 
   void draw(const SymbolLook& look, SymbolStamps* stamps, const CGPoint& center) {
     const CGPoint p = canvas_.transform().apply(center);
     if (stamps && !reach_.contains(p)) return;
-    if (!stamps || !blend(*stamps, p))
+    if (!stamps || !blend(*stamps, PhasePlace(p)))
       target_.suspendFor([&] {
         canvas_.drawSymbols(look.path, look.fillColor, look.strokeStyle, {&center, 1});
       });
   }
 
  private:
-  static constexpr CGFloat kReach = SymbolStamps::kMaximumSide;
-
-  bool blend(SymbolStamps& stamps, CGPoint p) {
-    // In eighths of a pixel. Shifts of negative numbers round down, as the phases want it.
-    static_assert(SymbolStamps::kPhases == 8);
-    const int x = static_cast<int>(std::floor(p.x * 8 + 0.5));
-    const int y = static_cast<int>(std::floor(p.y * 8 + 0.5));
-    return target_.blend(stamps.stamp(x & 7, y & 7), x >> 3, y >> 3);
+  bool blend(SymbolStamps& stamps, const PhasePlace& place) {
+    return target_.blend(place.stampOf(stamps), place.pixelX(), place.pixelY());
   }
 
   CairoCanvas& canvas_;
@@ -41,33 +74,59 @@ class SymbolPainter {
   PixelTarget target_;
 };
 
-/// The stamps of a symbol in several styles, each made when it is first asked for. When they take
-/// too much memory all of them are given up.
+/// The stamps of a symbol in several styles, each made when it is first asked for.
 class StyledStamps {
  public:
   explicit StyledStamps(std::size_t styles) : stamps_(styles) {}
 
   SymbolStamps* of(std::uint32_t style, const SymbolLook& look, const CGAffineTransform& toDevice) {
-    auto& known = stamps_[style];
-    if (known) return known.get();
-    if (pixels_ > kMostPixels) {
-      std::ranges::fill(stamps_, nullptr);
-      pixels_ = 0;
-    }
-    known = SymbolStamps::create(look, toDevice);
-    if (known) pixels_ += known->mostPixels();
-    return known.get();
+    Stamps& known = stamps_[style];
+    if (!known.wereMade) known = {true, SymbolStamps::create(look, toDevice)};
+    return known.stamps.get();
   }
 
  private:
-  static constexpr std::size_t kMostPixels = 8'000'000;
+  struct Stamps {
+    bool wereMade = false;
+    std::unique_ptr<SymbolStamps> stamps;
+  };
 
-  std::vector<std::unique_ptr<SymbolStamps>> stamps_;
-  std::size_t pixels_ = 0;
+  std::vector<Stamps> stamps_;
 };
 
 bool showsNothing(const CairoCanvas& canvas, const CGPath& symbol) {
   return !canvas.isDrawable() || canvas.clipBox().isEmpty() || symbol.isEmpty();
+}
+
+/// Draws many opaque symbols, the last one first. False, and nothing is drawn, when one has no
+/// stamps or lets shine through what is below it, or the clip cuts through pixels.
+template <class StampsOf>
+bool drawFrontToBack(CairoCanvas& canvas, StampsOf&& stampsOf, std::span<const CGPoint> centers) {
+  PixelTarget target(canvas);
+  const PixelRect box = target.clip();
+  if (!target.wholeClip() || std::int64_t{box.width()} * box.height() > kMostHiddenPixels)
+    return false;
+  for (std::size_t i = 0; i < centers.size(); ++i) {
+    const SymbolStamps* const stamps = stampsOf(i);
+    if (!stamps || !stamps->isOpaque()) return false;
+  }
+  const CGRect reach = reachOf(canvas);
+  FrontToBack pixels(box);
+  const auto visit = [&](std::size_t i, auto use) {
+    const CGPoint p = canvas.transform().apply(centers[i]);
+    if (reach.contains(p)) use(*stampsOf(i), PhasePlace(p));
+  };
+  for (std::size_t i = centers.size(); i-- > 0;) {
+    if (i >= kAhead)
+      visit(i - kAhead, [&](const SymbolStamps& stamps, const PhasePlace& place) {
+        pixels.prefetch(place.pixelX(), place.pixelY(), stamps.reach());
+      });
+    visit(i, [&](SymbolStamps& stamps, const PhasePlace& place) {
+      pixels.layUnder(place.stampOf(stamps), place.pixelX(), place.pixelY());
+    });
+  }
+  pixels.drawOn(target);
+  return true;
 }
 
 }  // namespace
@@ -81,8 +140,13 @@ void drawSymbolsOnBitmap(CairoCanvas& canvas, const SymbolLook& look,
     canvas.drawSymbols(look.path, look.fillColor, look.strokeStyle, centers);
     return;
   }
+  const auto stampsOf = [&](std::size_t) { return stamps.get(); };
+  if (centers.size() >= kManySymbols && drawFrontToBack(canvas, stampsOf, centers)) return;
   SymbolPainter painter(canvas);
-  for (const CGPoint& center : centers) painter.draw(look, stamps.get(), center);
+  for (std::size_t i = 0; i < centers.size(); ++i) {
+    if (i + kAhead < centers.size()) painter.prepare(stamps.get(), centers[i + kAhead]);
+    painter.draw(look, stamps.get(), centers[i]);
+  }
 }
 
 bool drawStyledSymbolsOnBitmap(CairoCanvas& canvas, const CGPath& symbol,
@@ -92,11 +156,18 @@ bool drawStyledSymbolsOnBitmap(CairoCanvas& canvas, const CGPath& symbol,
   if (showsNothing(canvas, symbol)) return true;
   if (!canvas.clipIsRectangle()) return false;
   StyledStamps stamps(styles.size());
+  const auto look = [&](std::size_t i) {
+    const CGSymbolStyle& style = styles[styleOfCenter[i]];
+    return SymbolLook{symbol, style.fillColor, style.strokeStyle};
+  };
+  const auto stampsOf = [&](std::size_t i) {
+    return stamps.of(styleOfCenter[i], look(i), canvas.transform());
+  };
+  if (centers.size() >= kManySymbols && drawFrontToBack(canvas, stampsOf, centers)) return true;
   SymbolPainter painter(canvas);
   for (std::size_t i = 0; i < centers.size(); ++i) {
-    const CGSymbolStyle& style = styles[styleOfCenter[i]];
-    const SymbolLook look{symbol, style.fillColor, style.strokeStyle};
-    painter.draw(look, stamps.of(styleOfCenter[i], look, canvas.transform()), centers[i]);
+    if (i + kAhead < centers.size()) painter.prepare(stampsOf(i + kAhead), centers[i + kAhead]);
+    painter.draw(look(i), stampsOf(i), centers[i]);
   }
   return true;
 }

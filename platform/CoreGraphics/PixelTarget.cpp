@@ -59,6 +59,17 @@ bool PixelTarget::canTake(const Shape& shape, int x, int y) const {
          part.bottom <= whole_.bottom;
 }
 
+void PixelTarget::blend(const PixelRect& box, const std::uint32_t* pixels) {
+  for (int v = box.top; v < box.bottom; ++v, pixels += box.width())
+    pixelsOver(pixels, row(v) + box.left, box.width());
+}
+
+void PixelTarget::prefetch(int x, int y, int reach) const {
+  if (x < touched_.left || x >= touched_.right) return;
+  const int end = std::min(y + reach, touched_.bottom);
+  for (int v = std::max(y - reach, touched_.top); v < end; ++v) __builtin_prefetch(row(v) + x, 1);
+}
+
 PixelBuffer PixelTarget::buffer() const {
   return {pixels_, cairo_image_surface_get_width(surface_),
           cairo_image_surface_get_height(surface_), rowLength_};
@@ -71,17 +82,29 @@ std::optional<PixelRect> PixelTarget::wholeClip() const {
   return buffer().clipped(clip);
 }
 
+PixelRect PixelTarget::clip() const {
+  const PixelBuffer pixels = buffer();
+  return {std::max(touched_.left, left_), std::max(touched_.top, top_),
+          std::min(touched_.right, left_ + pixels.width),
+          std::min(touched_.bottom, top_ + pixels.height)};
+}
+
 std::uint32_t* PixelTarget::row(int y) const {
   return pixels_ + (y - top_) * rowLength_ - left_;
 }
 
 bool PixelTarget::blend(const PixelStamp& stamp, int x, int y) {
-  if (!canTake(stamp, x, y)) return false;
-  const PixelRect part = visiblePart(stamp, x, y);
+  const StampShape& shape = stamp.shape;
+  if (!canTake(shape, x, y)) return false;
+  const PixelRect part = visiblePart(shape, x, y);
   for (int v = part.top; v < part.bottom; ++v) {
-    const std::uint32_t* from = placed(stamp.pixels.data(), stamp, x, y, v);
-    std::uint32_t* to = row(v);
-    for (int u = part.left; u < part.right; ++u) to[u] = pixelOver(from[u], to[u]);
+    const StampShape::Span& ink = shape.ink[static_cast<std::size_t>(v - shape.top - y)];
+    const int from = std::max(part.left, ink.from + shape.left + x);
+    const int to = std::min(part.right, ink.to + shape.left + x);
+    if (from < to)
+      weightedPixelsOver(placed(stamp.pixels, shape, x, y, v) + from,
+                         placed(stamp.weights, shape, x, y, v) + from, stamp.color, row(v) + from,
+                         to - from);
   }
   return true;
 }

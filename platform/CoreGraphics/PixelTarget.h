@@ -11,13 +11,28 @@
 
 namespace vexel {
 
-/// Premultiplied pixels around a place; `left` and `top` are those of the first one.
-struct PixelStamp {
+/// Where the pixels of a stamp lie around a place: `left` and `top` are those of the first one.
+struct StampShape {
+  /// The part of a row that has ink.
+  struct Span {
+    int from;
+    int to;
+  };
+
   int left = 0;
   int top = 0;
   int width = 0;
   int height = 0;
-  std::vector<std::uint32_t> pixels;
+  std::vector<Span> ink;  // of each row
+};
+
+/// A shape, lent row by row: the sum of premultiplied pixels and of a premultiplied colour, of
+/// which each pixel takes `weights` 255ths (the same number in all four bytes of a word).
+struct PixelStamp {
+  const StampShape& shape;
+  const std::uint32_t* pixels;
+  const std::uint32_t* weights;
+  std::uint32_t color;
 };
 
 /// How much a shape covers of each pixel around a place, 0 to 255.
@@ -43,10 +58,19 @@ class PixelTarget {
   bool blend(const PixelStamp& stamp, int x, int y);
   bool blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y);
 
+  /// Lays premultiplied pixels over a box in device coordinates, inside clip().
+  void blend(const PixelRect& box, const std::uint32_t* pixels);
+
+  /// Asks the memory for the pixels up to `reach` around (x, y), which will be needed soon.
+  void prefetch(int x, int y, int reach) const;
+
   /// All pixels, the upper left one first.
   PixelBuffer buffer() const;
   /// The clip as pixels of the buffer; absent when it leaves only a part of some.
   std::optional<PixelRect> wholeClip() const;
+
+  /// The pixels that the clip touches, in device coordinates and on the surface.
+  PixelRect clip() const;
 
   /// Lets `draw` use Cairo in between.
   template <class Draw>

@@ -33,9 +33,30 @@ std::size_t phaseIndex(int phaseX, int phaseY) {
 // How much of each pixel a part of the symbol covers.
 using Coverage = std::vector<std::uint8_t>;
 
+// Of the smallest rectangle around the ink; `fill` and `stroke` are empty when there is none.
 struct PhaseMasks {
+  StampShape shape;
   Coverage fill;
   Coverage stroke;
+
+  // The stroke in a colour, which most symbols of a series share, and the weights of their fills
+  // below it. Without a fill the weights are those of the stroke.
+  std::uint32_t strokePixel = 0;
+  std::vector<std::uint32_t> pixels;
+  std::vector<std::uint32_t> weights;
+
+  void color(std::uint32_t pixel) {
+    if (!weights.empty() && (pixel == strokePixel || fill.empty() || stroke.empty())) return;
+    strokePixel = pixel;
+    const Coverage& weighted = fill.empty() ? stroke : fill;
+    pixels.assign(weighted.size(), 0);
+    weights.clear();
+    for (std::size_t i = 0; i < weighted.size(); ++i) {
+      if (!fill.empty() && !stroke.empty()) pixels[i] = scaledPixel(pixel, stroke[i]);
+      const std::uint32_t uncovered = 255u - (pixels[i] >> 24);
+      weights.push_back(scaledPixel(weighted[i] * 0x01010101u, uncovered));
+    }
+  }
 };
 
 // Only what a stroke covers, not its colour.
@@ -57,7 +78,7 @@ struct SymbolStamps::Shape {
   int side;
   std::array<std::unique_ptr<PhaseMasks>, std::size_t{kPhases} * kPhases> masks;
 
-  const PhaseMasks& at(int phaseX, int phaseY) {
+  PhaseMasks& at(int phaseX, int phaseY) {
     auto& known = masks[phaseIndex(phaseX, phaseY)];
     if (known) return *known;
     known = std::make_unique<PhaseMasks>();
@@ -65,25 +86,57 @@ struct SymbolStamps::Shape {
       known->fill = render(phaseX, phaseY, [&](CairoCanvas& c) { c.fill(path, kOpaque); });
     if (isStroked)
       known->stroke = render(phaseX, phaseY, [&](CairoCanvas& c) { c.stroke(path, strokeStyle); });
+    trim(*known);
     return *known;
   }
 
   // Makes the square no larger than the ink, which most miters leave far from the reach of the
   // pen.
   void fitToInk() {
-    const PhaseMasks& all = at(0, 0);
-    const int middle = side / 2;
-    int farthest = 0;
-    for (int y = 0; y < side; ++y) {
-      for (int x = 0; x < side; ++x) {
-        const std::size_t i = pixelIndex(x, y, side);
-        const bool isInked =
-            (!all.fill.empty() && all.fill[i] > 0) || (!all.stroke.empty() && all.stroke[i] > 0);
-        if (isInked) farthest = std::max({farthest, std::abs(x - middle), std::abs(y - middle)});
-      }
-    }
+    const StampShape& ink = at(0, 0).shape;
+    const int farthest = ink.ink.empty() ? 0
+                                         : std::max({-ink.left, ink.left + ink.width - 1, -ink.top,
+                                                     ink.top + ink.height - 1, 0});
     side = std::min(side, 2 * (farthest + kRoom));
     masks = {};
+  }
+
+  // Cuts the masks, which are squares, to their ink.
+  void trim(PhaseMasks& all) const {
+    const auto isInked = [&](int x, int y) {
+      const std::size_t i = pixelIndex(x, y, side);
+      return (!all.fill.empty() && all.fill[i] > 0) || (!all.stroke.empty() && all.stroke[i] > 0);
+    };
+    std::vector<StampShape::Span> rows;
+    int left = side, right = 0, top = side, bottom = 0;
+    for (int y = 0; y < side; ++y) {
+      StampShape::Span row{side, 0};
+      for (int x = 0; x < side; ++x)
+        if (isInked(x, y)) row = {std::min(row.from, x), x + 1};
+      rows.push_back(row);
+      if (row.from >= row.to) continue;
+      left = std::min(left, row.from);
+      right = std::max(right, row.to);
+      top = std::min(top, y);
+      bottom = y + 1;
+    }
+    const int middle = side / 2;
+    all.shape = {
+        left - middle, top - middle, std::max(right - left, 0), std::max(bottom - top, 0), {}};
+    for (int y = top; y < bottom; ++y) {
+      const StampShape::Span& row = rows[static_cast<std::size_t>(y)];
+      all.shape.ink.push_back(row.from < row.to ? StampShape::Span{row.from - left, row.to - left}
+                                                : StampShape::Span{0, 0});
+    }
+    for (Coverage* const mask : {&all.fill, &all.stroke}) {
+      if (mask->empty()) continue;
+      Coverage cut;
+      for (int y = top; y < bottom; ++y) {
+        const auto row = mask->begin() + static_cast<std::ptrdiff_t>(pixelIndex(0, y, side));
+        cut.insert(cut.end(), row + left, row + right);
+      }
+      *mask = std::move(cut);
+    }
   }
 
   template <class Draw>
@@ -167,40 +220,22 @@ SymbolStamps::SymbolStamps(std::shared_ptr<Shape> shape, const SymbolLook& look)
       fillPixel_(look.fillColor ? premultipliedPixel(*look.fillColor) : 0),
       strokePixel_(look.strokeStyle ? premultipliedPixel(look.strokeStyle->color) : 0) {}
 
-std::size_t SymbolStamps::mostPixels() const {
-  return pixelIndex(0, shape_->side, shape_->side) * stamps_.size();
+int SymbolStamps::reach() const {
+  return shape_->side / 2;
 }
 
-const PixelStamp& SymbolStamps::stamp(int phaseX, int phaseY) {
-  auto& known = stamps_[phaseIndex(phaseX, phaseY)];
-  if (known) return *known;
-
-  const PhaseMasks& masks = shape_->at(phaseX, phaseY);
-  const int side = shape_->side;
-  const auto pixel = [&](int x, int y) {
-    const std::size_t i = pixelIndex(x, y, side);
-    const std::uint32_t fill = masks.fill.empty() ? 0 : scaledPixel(fillPixel_, masks.fill[i]);
-    if (masks.stroke.empty()) return fill;
-    return pixelOver(scaledPixel(strokePixel_, masks.stroke[i]), fill);
+bool SymbolStamps::isOpaque() const {
+  const auto covers = [](bool isThere, std::uint32_t pixel) {
+    return !isThere || pixel >> 24 == 255;
   };
+  return covers(shape_->isFilled, fillPixel_) && covers(shape_->isStroked, strokePixel_);
+}
 
-  int left = side, right = 0, top = side, bottom = 0;
-  for (int y = 0; y < side; ++y) {
-    for (int x = 0; x < side; ++x) {
-      if (pixel(x, y) == 0) continue;
-      left = std::min(left, x);
-      right = std::max(right, x + 1);
-      top = std::min(top, y);
-      bottom = std::max(bottom, y + 1);
-    }
-  }
-  known = std::make_unique<PixelStamp>();
-  if (left >= right) return *known;
-  const int middle = side / 2;
-  *known = {left - middle, top - middle, right - left, bottom - top, {}};
-  for (int y = top; y < bottom; ++y)
-    for (int x = left; x < right; ++x) known->pixels.push_back(pixel(x, y));
-  return *known;
+PixelStamp SymbolStamps::stamp(int phaseX, int phaseY) {
+  PhaseMasks& masks = shape_->at(phaseX, phaseY);
+  masks.color(strokePixel_);
+  return {masks.shape, masks.pixels.data(), masks.weights.data(),
+          shape_->isFilled ? fillPixel_ : strokePixel_};
 }
 
 }  // namespace vexel

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -35,12 +34,15 @@ class SymbolStamps {
   static std::unique_ptr<SymbolStamps> create(const SymbolLook& look,
                                               const CGAffineTransform& toDevice);
 
+  /// Whether the look covers what is below it wherever it has full coverage.
+  bool isOpaque() const;
+
   /// The stamp for a centre `phaseX` eighths to the right and `phaseY` eighths below the corner
   /// of its pixel.
-  const PixelStamp& stamp(int phaseX, int phaseY);
+  PixelStamp stamp(int phaseX, int phaseY);
 
-  /// What all stamps together may come to hold.
-  std::size_t mostPixels() const;
+  /// How far stamps reach from the pixel of their centre, at most.
+  int reach() const;
 
  private:
   struct Shape;
@@ -50,7 +52,6 @@ class SymbolStamps {
   std::shared_ptr<Shape> shape_;
   std::uint32_t fillPixel_;
   std::uint32_t strokePixel_;
-  std::array<std::unique_ptr<PixelStamp>, std::size_t{kPhases} * kPhases> stamps_;
 };
 
 }  // namespace vexel

@@ -51,26 +51,27 @@ RangeIndex::Extremes CPTScatterPlot::extremes(CPTCoordinate coordinate, double f
   return coordinate == CPTCoordinate::X ? records_.xExtremes(floor) : records_.yExtremes(floor);
 }
 
-std::vector<CGPoint> CPTScatterPlot::viewPoints(const CPTXYPlotSpace& space) const {
+template <class Use>
+void CPTScatterPlot::visitPoints(const CPTXYPlotSpace& space, CPTRecordRange records,
+                                 Use&& use) const {
   const AxisScale xScale = space.scale(CPTCoordinate::X, plotAreaSize().width);
   const AxisScale yScale = space.scale(CPTCoordinate::Y, plotAreaSize().height);
-  if (!xScale.isDrawable() || !yScale.isDrawable()) return {};
+  if (!xScale.isDrawable() || !yScale.isDrawable()) return;
   const ScaleMap x(xScale, 1, 0);
   const ScaleMap y(yScale, 1, 0);
-  std::vector<CGPoint> points;
-  points.reserve(recordCount());
-  records_.visit(0, recordCount(), [&](double px, double py) { points.push_back({x(px), y(py)}); });
-  return points;
+  std::size_t record = records.location;
+  records_.visit(record, record + records.length, [&](double px, double py) {
+    use(record++, CGPoint{x(px), y(py)});
+  });
 }
 
 void CPTScatterPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
   const AxisScale xScale = space.scale(CPTCoordinate::X, plotAreaSize().width);
   const AxisScale yScale = space.scale(CPTCoordinate::Y, plotAreaSize().height);
-  if (!xScale.isDrawable() || !yScale.isDrawable()) return;
-  if (dataLineStyle_)
+  if (dataLineStyle_ && xScale.isDrawable() && yScale.isDrawable())
     drawSeriesLine(context, {records_, xScale, yScale, interpolation_},
                    dataLineStyle_->strokeStyle());
-  if (plotSymbol_ || !recordSymbols_.empty()) drawSymbols(context, viewPoints(space));
+  drawSymbols(context, space);
 }
 
 CGRect CPTScatterPlot::visibleCenters(const CPTPlotSymbol& symbol) const {
@@ -79,23 +80,35 @@ CGRect CPTScatterPlot::visibleCenters(const CPTPlotSymbol& symbol) const {
                       plotAreaSize().height + reach.size.height);
 }
 
-void CPTScatterPlot::drawSymbols(CGContext& context, std::span<const CGPoint> points) const {
-  const std::size_t withSymbol = std::min(recordSymbols_.size(), points.size());
-  const std::size_t withColor = std::clamp(recordColors_.size(), withSymbol, points.size());
-  drawRecordSymbols(context, points.first(withSymbol));
+void CPTScatterPlot::drawSymbols(CGContext& context, const CPTXYPlotSpace& space) const {
+  const std::size_t count = recordCount();
+  const std::size_t withSymbol = std::min(recordSymbols_.size(), count);
+  const std::size_t withColor = std::clamp(recordColors_.size(), withSymbol, count);
+  drawRecordSymbols(context, space, withSymbol);
   if (!plotSymbol_) return;
-  if (withColor > withSymbol)
-    drawColoredSymbols(context, *plotSymbol_,
-                       recordColors_.places().subspan(withSymbol, withColor - withSymbol),
-                       points.subspan(withSymbol, withColor - withSymbol));
-  std::vector<CGPoint> centers;
   const CGRect visible = visibleCenters(*plotSymbol_);
-  std::ranges::copy_if(points.subspan(withColor), std::back_inserter(centers),
-                       [&](const CGPoint& point) { return visible.contains(point); });
+  std::vector<CGPoint> centers;
+  std::vector<std::uint32_t> colors;
+  if (withColor > withSymbol) {
+    centers.reserve(withColor - withSymbol);
+    colors.reserve(withColor - withSymbol);
+    const auto places = recordColors_.places();
+    visitPoints(space, {withSymbol, withColor - withSymbol}, [&](std::size_t i, CGPoint point) {
+      if (places[i] == CPTColorList::kNoColor || !visible.contains(point)) return;
+      colors.push_back(places[i]);
+      centers.push_back(point);
+    });
+    plotSymbol_->draw(context, recordColors_.palette(), colors, centers);
+    centers.clear();
+  }
+  visitPoints(space, {withColor, count - withColor}, [&](std::size_t, CGPoint point) {
+    if (visible.contains(point)) centers.push_back(point);
+  });
   plotSymbol_->draw(context, centers);
 }
 
-void CPTScatterPlot::drawRecordSymbols(CGContext& context, std::span<const CGPoint> points) const {
+void CPTScatterPlot::drawRecordSymbols(CGContext& context, const CPTXYPlotSpace& space,
+                                       std::size_t count) const {
   // Neighbours with the same symbol are drawn in one call; what cannot be seen is left out.
   std::vector<CGPoint> centers;
   CGRect visible;
@@ -104,38 +117,24 @@ void CPTScatterPlot::drawRecordSymbols(CGContext& context, std::span<const CGPoi
     if (current && *current) (*current)->draw(context, centers);
     centers.clear();
   };
-  for (std::size_t i = 0; i < points.size(); ++i) {
+  visitPoints(space, {0, count}, [&](std::size_t i, CGPoint point) {
     const auto* symbol = &recordSymbols_[i];
     if (!current || *symbol != *current) {
       flush();
       current = symbol;
       visible = *symbol ? visibleCenters(**symbol) : CGRect{};
     }
-    if (*symbol && visible.contains(points[i])) centers.push_back(points[i]);
-  }
+    if (*symbol && visible.contains(point)) centers.push_back(point);
+  });
   flush();
-}
-
-void CPTScatterPlot::drawColoredSymbols(CGContext& context, const CPTPlotSymbol& symbol,
-                                        std::span<const std::uint32_t> colorOfPoint,
-                                        std::span<const CGPoint> points) const {
-  std::vector<std::uint32_t> colorOfCenter;
-  std::vector<CGPoint> centers;
-  const CGRect visible = visibleCenters(symbol);
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    if (colorOfPoint[i] == CPTColorList::kNoColor || !visible.contains(points[i])) continue;
-    colorOfCenter.push_back(colorOfPoint[i]);
-    centers.push_back(points[i]);
-  }
-  symbol.draw(context, recordColors_.palette(), colorOfCenter, centers);
 }
 
 std::vector<CPTPlot::LabelPlace> CPTScatterPlot::labelPlaces(const CPTXYPlotSpace& space) const {
   const CGRect area{{}, plotAreaSize()};
-  const std::vector<CGPoint> points = viewPoints(space);
   std::vector<LabelPlace> places;
-  for (std::size_t i = 0; i < points.size(); ++i)
-    if (area.contains(points[i])) places.push_back({i, records_.y(i), points[i], {0, 1}});
+  visitPoints(space, {0, recordCount()}, [&](std::size_t i, CGPoint point) {
+    if (area.contains(point)) places.push_back({i, records_.y(i), point, {0, 1}});
+  });
   return places;
 }
 

@@ -44,13 +44,12 @@ class CPTScatterPlot : public CPTPlot {
   std::optional<std::vector<CGRect>> seriesPlaces(const CPTXYPlotSpace& space) const override;
 
  private:
-  /// Where the records lie on the plot area; empty when the scales are not drawable.
-  std::vector<CGPoint> viewPoints(const CPTXYPlotSpace& space) const;
-  void drawSymbols(CGContext& context, std::span<const CGPoint> points) const;
-  void drawRecordSymbols(CGContext& context, std::span<const CGPoint> points) const;
-  void drawColoredSymbols(CGContext& context, const CPTPlotSymbol& symbol,
-                          std::span<const std::uint32_t> colorOfPoint,
-                          std::span<const CGPoint> points) const;
+  /// Calls use(record, point) with where each of the records lies on the plot area; with none when
+  /// the scales are not drawable.
+  template <class Use>
+  void visitPoints(const CPTXYPlotSpace& space, CPTRecordRange records, Use&& use) const;
+  void drawSymbols(CGContext& context, const CPTXYPlotSpace& space) const;
+  void drawRecordSymbols(CGContext& context, const CPTXYPlotSpace& space, std::size_t count) const;
   CGRect visibleCenters(const CPTPlotSymbol& symbol) const;
 
   RangeIndex records_;
