@@ -19,6 +19,8 @@ namespace {
 // Records that lie closer to each other are replaced by their lowest and highest, in points of a
 // path and in pixels.
 constexpr double kNarrow = 1.0 / 16;
+// A step is late by as much as that: an error that a line between the extremes does not make.
+constexpr double kNarrowSteps = kNarrow / 4;
 // No point that a thinned line leaves out was farther from it than this, in points.
 constexpr CGFloat kLineTolerance = 0.02;
 // The drawing library's time for one stroke grows faster than its length.
@@ -94,6 +96,10 @@ std::vector<CGPoint> corners(const SeriesLine& line, std::pair<std::size_t, std:
   return result.take();
 }
 
+double narrowPart(const SeriesLine& line) {
+  return line.interpolation == CPTScatterPlotInterpolation::linear ? kNarrow : kNarrowSteps;
+}
+
 /// False, and nothing is drawn, where the line needs a path.
 bool strokeOnPixels(CGContext& context, const SeriesLine& line, const CGStrokeStyle& style) {
   if (!style.dashPattern.empty() || !isSorted(line.records)) return false;
@@ -105,7 +111,7 @@ bool strokeOnPixels(CGContext& context, const SeriesLine& line, const CGStrokeSt
     if (width > kPlainPen && style.cap != CGLineCap::round &&
         line.records.count() <= kRecordsWithCaps)
       return;
-    const auto points = corners(line, visibleRecords(line, style.width), t, kNarrow);
+    const auto points = corners(line, visibleRecords(line, style.width), t, narrowPart(line));
     isDrawn = strokeSortedLine(points, width, premultipliedPixel(style.color), pixels.buffer,
                                pixels.clip);
   });
@@ -172,7 +178,7 @@ void strokePath(CGContext& context, const SeriesLine& line, CGStrokeStyle style)
   if (isSorted(line.records) && count > kMostDashedRecords * line.xScale.extent)
     style.dashPattern.clear();
   // A pattern goes by the length of the line through every record.
-  const double narrow = style.dashPattern.empty() ? kNarrow : 0;
+  const double narrow = style.dashPattern.empty() ? narrowPart(line) : 0;
   const CGRect area = CGRect::make(0, 0, line.xScale.extent, line.yScale.extent);
   for (auto& run :
        clippedRuns(corners(line, records, {}, narrow), area.insetBy(-style.width, -style.width))) {

@@ -1,5 +1,6 @@
 #include <CoreGraphics/CGContext.h>
 
+#include <CoreGraphics/CGDocumentContext.h>
 #include <CoreGraphics/CGNullContext.h>
 #include <CoreGraphics/CGRecordingContext.h>
 #include <gtest/gtest.h>
@@ -52,6 +53,58 @@ TEST(CGNullContext, MeasuresTextAsBitmapsDo) {
   const CGText text{{{"Charge", {}}}};
   EXPECT_EQ(context.measure(text), whiteBitmap(10, 10)->measure(text));
   EXPECT_GT(context.measure(text).width, 0);
+}
+
+TEST(DrawOnPixels, LendsNoneWhereThereAreNoneOrTheClipCutsThroughThem) {
+  const auto isLent = [](CGContext& context) {
+    bool wasCalled = false;
+    EXPECT_EQ(context.drawOnPixels([&](const CGPixels&) { wasCalled = true; }), wasCalled);
+    return wasCalled;
+  };
+  CGRecordingContext recording;
+  EXPECT_FALSE(isLent(recording));
+  for (const auto format : {CGDocumentContext::Format::pdf, CGDocumentContext::Format::svg})
+    EXPECT_FALSE(isLent(*CGDocumentContext::create(format, {10, 10})));
+  const auto bitmap = CGBitmapContext::create({10, 10}, 1);
+  EXPECT_TRUE(isLent(*bitmap));
+  {
+    const CGSavedState state(*bitmap);
+    bitmap->rotate(0.3);
+    bitmap->clip(CGRect::make(0, 0, 5, 5));
+    EXPECT_FALSE(isLent(*bitmap));
+  }
+  {
+    const CGSavedState state(*bitmap);
+    bitmap->scale(0, 1);
+    EXPECT_FALSE(isLent(*bitmap));
+  }
+  EXPECT_TRUE(isLent(*bitmap));
+}
+
+TEST(DrawOnPixels, LendsTheClippedPixelsOfBitmapsAndTheirLayers) {
+  const auto bitmap = CGBitmapContext::create({20, 10}, 2);
+  bitmap->translate(3, 1);
+  const auto layer = bitmap->makeLayer(CGRect::make(2, 1, 10, 6));
+  const auto draw = [](CGContext& context, PixelRect clip, int width, int height) {
+    const CGSavedState state(context);
+    context.clip(CGRect::make(4, 2, 5, 3));
+    EXPECT_TRUE(context.drawOnPixels([&](const CGPixels& pixels) {
+      EXPECT_EQ(pixels.clip, clip);
+      EXPECT_EQ(pixels.buffer.width, width);
+      EXPECT_EQ(pixels.buffer.height, height);
+      const CGPoint corner = pixels.toPixels.apply({4, 5});
+      EXPECT_EQ(corner.x, clip.left);
+      EXPECT_EQ(corner.y, clip.top);
+      pixels.buffer.row(clip.top)[clip.left] = 0xff00ff00u;
+    }));
+  };
+  // Of 40 x 20 pixels, (4, 5) in points lies at (14, 12) from the lower left.
+  draw(*bitmap, {14, 8, 24, 14}, 40, 20);
+  EXPECT_EQ(bitmap->pixels()[8 * 40 + 14], 0xff00ff00u);
+  draw(layer->context(), {4, 4, 14, 10}, 20, 12);
+  bitmap->clip(CGRect::make(-3, -1, 20, 10));
+  bitmap->drawLayer(*layer);
+  EXPECT_EQ(bitmap->pixels()[8 * 40 + 14], 0xff00ff00u);
 }
 
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <vector>
+
 #include "Bitmaps.h"
 
 namespace vexel {
@@ -34,6 +37,27 @@ TEST(PixelBlend, PremultipliesAndBoundsColours) {
   EXPECT_EQ(premultipliedPixel(CGColor::genericRGB(kNaN, kInfinity, -1, 7)), 0xff00ff00u);
   EXPECT_EQ(premultipliedPixel(CGColor::genericRGB(1, 0.5, 0, kNaN)), 0u);
   EXPECT_EQ(premultipliedPixel(CGColor::genericRGB(1, 0.5, 0, 0.5)), 0x80804000u);
+}
+
+TEST(PixelBlend, LaysRowsOverOthersPixelByPixel) {
+  std::mt19937 random(1);
+  const auto word = [&] { return static_cast<std::uint32_t>(random()); };
+  const auto byte = [&] { return word() & 255u; };
+  for (int count = 0; count < 40; ++count) {
+    const std::uint32_t alpha = byte();
+    const std::uint32_t color = alpha << 24 | scaledPixel(word() & 0xffffffu, alpha);
+    std::vector<std::uint32_t> pixels, weights, below, expected;
+    for (int i = 0; i < count; ++i) {
+      const std::uint32_t covered = byte();
+      pixels.push_back(scaledPixel(0xff000000u | word(), covered));
+      weights.push_back(scaledPixel(byte() * 0x01010101u, 255 - covered));
+      below.push_back(scaledPixel(0xff000000u | word(), byte()));
+      expected.push_back(
+          pixelOver(pixels.back() + scaledPixel(color, weights.back() & 255u), below.back()));
+    }
+    weightedPixelsOver(pixels.data(), weights.data(), color, below.data(), count);
+    EXPECT_EQ(below, expected);
+  }
 }
 
 }  // namespace

@@ -92,13 +92,63 @@ TEST(StyledSymbols, LookLikeThatWhenTheyAreTooLargeForStamps) {
              randomSymbols(fewStyles(), 30, 100));
 }
 
-TEST(StyledSymbols, LookLikeThatWhenStampsOfAllStylesTakeTooMuchMemory) {
+TEST(StyledSymbols, LookLikeThatWhenThereAreManyStyles) {
   std::vector<CGColor> colors;
   for (int i = 0; i < 200; ++i) colors.push_back(CGColor::genericRGB(i / 200.0, 0, 0.5, 0.8));
   std::vector<CGSymbolStyle> styles;
   for (const CGColor& color : colors) styles.push_back({&color, &kThin});
   expectSame(*whiteBitmap(100, 100), *whiteBitmap(100, 100), ellipsePath(-25, -25, 50, 50),
              randomSymbols(styles, 400, 100));
+}
+
+/// Draws so many symbols at once that they are drawn from front to back, and in parts that are
+/// not. The largest difference.
+int differenceOfMany(CGBitmapContext& atOnce, CGBitmapContext& inParts,
+                     std::vector<CGSymbolStyle> styles, double size) {
+  constexpr std::size_t kPart = 50000;
+  const Symbols symbols = randomSymbols(std::move(styles), 5 * kPart, size);
+  const CGPath circle = ellipsePath(-3, -3, 6, 6);
+  atOnce.drawStyledSymbols(circle, symbols.styles, symbols.styleOfCenter, symbols.centers);
+  for (std::size_t first = 0; first < symbols.centers.size(); first += kPart)
+    inParts.drawStyledSymbols(circle, symbols.styles,
+                              std::span(symbols.styleOfCenter).subspan(first, kPart),
+                              std::span(symbols.centers).subspan(first, kPart));
+  return maximumDifference(atOnce, inParts);
+}
+
+TEST(StyledSymbols, HideEachOtherInTheOrderOfTheirCentresHoweverMany) {
+  const std::vector<CGSymbolStyle> opaque = {
+      {&kRed, &kThin}, {&kBlue, &kThin}, {&kRed, nullptr}, {nullptr, &kThin}};
+  // Rounding once per layer adds up at edges that many others lie below.
+  const auto size = {37.0, 150.0, 900.0};
+  for (const double side : size)
+    EXPECT_LE(differenceOfMany(*whiteBitmap(side, side, 1.5), *whiteBitmap(side, side, 1.5), opaque,
+                               side),
+              4);
+}
+
+TEST(StyledSymbols, HideEachOtherInsideTheClipOnly) {
+  const auto clipped = [] {
+    auto bitmap = whiteBitmap(200, 200);
+    bitmap->translate(10, 10);
+    bitmap->clip(CGRect::make(20, 30, 101, 77));
+    return bitmap;
+  };
+  EXPECT_LE(differenceOfMany(*clipped(), *clipped(), {{&kRed, &kThin}, {&kBlue, nullptr}}, 180), 4);
+}
+
+TEST(StyledSymbols, LetOthersShineThroughHoweverMany) {
+  EXPECT_EQ(differenceOfMany(*whiteBitmap(80, 80), *whiteBitmap(80, 80), fewStyles(), 80), 0);
+}
+
+TEST(BitmapSymbols, HideEachOtherHoweverMany) {
+  const Symbols symbols = randomSymbols({{&kRed, &kThin}}, 250000, 100);
+  const Bitmap alike = whiteBitmap(100, 100), styled = whiteBitmap(100, 100);
+  const CGPath circle = ellipsePath(-3, -3, 6, 6);
+  alike->drawSymbols(circle, &kRed, &kThin, symbols.centers);
+  styled->drawStyledSymbols(circle, symbols.styles, symbols.styleOfCenter, symbols.centers);
+  EXPECT_EQ(maximumDifference(*alike, *styled), 0);
+  EXPECT_EQ(inkedPixels(*alike), 100 * 100);
 }
 
 }  // namespace

@@ -63,5 +63,18 @@ TEST(CPTColorListDeathTest, RefusesPlacesOutsideThePalette) {
   EXPECT_DEATH(CPTColorList(std::vector<CPTColor>(), {0}), "Fatal error: .*outside the palette");
 }
 
+TEST(CPTColorList, GrowsAtItsEnd) {
+  CPTColorList list;
+  list.append({});
+  EXPECT_TRUE(list.empty());
+  list.append({CPTColor::redColor(), std::nullopt});
+  list.append({CPTColor::blueColor(), CPTColor::redColor(), std::nullopt});
+  EXPECT_EQ(list, (CPTColorList{CPTColor::redColor(), std::nullopt, CPTColor::blueColor(),
+                                CPTColor::redColor(), std::nullopt}));
+  for (int i = 0; i < 100; ++i) list.append({CPTColor::blueColor(), CPTColor::redColor()});
+  EXPECT_EQ(list.size(), 205u);
+  EXPECT_LE(list.palette().size(), 2u);
+}
+
 }  // namespace
 }  // namespace vexel

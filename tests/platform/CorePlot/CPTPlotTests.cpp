@@ -17,6 +17,7 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 class CPTPlotTest : public testing::Test {
  protected:
@@ -188,6 +189,129 @@ TEST_F(CPTPlotTest, APlotThatIsNotOnAGraphKnowsNone) {
   EXPECT_EQ(loose.plotSpace(), nullptr);
   EXPECT_EQ(loose.dataSource(), nullptr);
   EXPECT_EQ(loose.identifier(), "");
+}
+
+/// A source that notes which records it is asked for.
+class GrowingSource : public ListSource {
+ public:
+  using ListSource::ListSource;
+  std::optional<CPTNumericData> numbers(const CPTPlot& p, unsigned field,
+                                        CPTRecordRange range) override {
+    if (inBulk) asked.push_back(range);
+    return ListSource::numbers(p, field, range);
+  }
+  std::vector<std::optional<CPTPlotSymbol>> symbols(const CPTScatterPlot&,
+                                                    CPTRecordRange range) override {
+    askedSymbols.push_back(range);
+    return std::vector<std::optional<CPTPlotSymbol>>(hasSymbols ? range.length : 0,
+                                                     CPTPlotSymbol::plusPlotSymbol());
+  }
+  CPTColorList symbolColors(const CPTScatterPlot&, CPTRecordRange range) override {
+    askedColors.push_back(range);
+    return CPTColorList({CPTColor::redColor()}, std::vector<std::uint32_t>(range.length, 0));
+  }
+  std::vector<CPTRecordRange> asked, askedSymbols, askedColors;
+  bool hasSymbols = true;
+};
+
+TEST_F(CPTPlotTest, AppendedRecordsAloneAreRead) {
+  for (const bool inBulk : {true, false}) {
+    GrowingSource growing({{10, 20}, {1, 2}});
+    growing.inBulk = inBulk;
+    plot->setDataSource(&growing);
+    const std::string before = recorded(*graph);
+
+    growing.fields = {{10, 20, 30, 40, 50}, {1, 2, 3, 4, 5}};
+    growing.askedForNumbers = 0;
+    plot->insertData(2, 2);
+    plot->insertData(4, 1);
+    EXPECT_TRUE(plot->needsDisplay());
+    EXPECT_TRUE(plot->dataNeedsReloading());
+    const std::string grown = recorded(*graph);
+    EXPECT_EQ(plot->recordCount(), 5u);
+    EXPECT_EQ(growing.askedSymbols.back(), (CPTRecordRange{2, 3}));
+    EXPECT_EQ(growing.askedColors.back(), (CPTRecordRange{2, 3}));
+    if (inBulk) {
+      EXPECT_EQ(growing.asked.back(), (CPTRecordRange{0, 5}));
+    } else {
+      EXPECT_EQ(growing.askedForNumbers, 6);
+    }
+    EXPECT_NE(grown, before);
+    plot->reloadData();
+    EXPECT_EQ(recorded(*graph), grown);
+  }
+}
+
+TEST_F(CPTPlotTest, InsertedOrVanishedRecordsAreReadAgain) {
+  GrowingSource growing({{10, 20, 30}, {1, 2, 3}});
+  plot->setDataSource(&growing);
+  recorded(*graph);
+  plot->insertData(3, 0);
+  EXPECT_FALSE(plot->dataNeedsReloading());
+
+  const auto nextAsked = [&] {
+    recorded(*graph);
+    return growing.askedSymbols.back();
+  };
+  plot->insertData(1, 1);
+  EXPECT_EQ(nextAsked(), (CPTRecordRange{0, 3})) << "not at the end";
+  plot->insertData(3, 1);
+  plot->setDataNeedsReloading();
+  EXPECT_EQ(nextAsked(), (CPTRecordRange{0, 3})) << "everything changed, too";
+  plot->setDataNeedsReloading();
+  plot->insertData(3, 1);
+  EXPECT_EQ(nextAsked(), (CPTRecordRange{0, 3})) << "everything had changed";
+  growing.fields = {{7}, {8}};
+  plot->insertData(3, 1);
+  EXPECT_EQ(nextAsked(), (CPTRecordRange{0, 1})) << "there is less than before";
+  EXPECT_EQ(plot->recordCount(), 1u);
+}
+
+TEST_F(CPTPlotTest, AListOfSymbolsThatHasEndedDoesNotGoOn) {
+  GrowingSource growing({{10, 20}, {1, 2}});
+  growing.hasSymbols = false;
+  plot->setDataSource(&growing);
+  recorded(*graph);
+  growing.fields = {{10, 20, 30}, {1, 2, 3}};
+  growing.hasSymbols = true;
+  plot->insertData(2, 1);
+  EXPECT_EQ(calls(recorded(*graph), {"symbols"}).size(), 0u);
+}
+
+TEST_F(CPTPlotTest, TellsWhatItsRecordsSpan) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  const auto x = [&] { return plot->plotRangeForCoordinate(CPTCoordinate::X); };
+  const auto y = [&](double floor = -kInfinity) {
+    return plot->plotRangeForCoordinate(CPTCoordinate::Y, floor);
+  };
+  const auto show = [&](std::vector<double> xs, std::vector<double> ys) {
+    source.fields = {std::move(xs), std::move(ys)};
+    plot->setDataNeedsReloading();
+  };
+  show({}, {});
+  EXPECT_EQ(x(), std::nullopt);
+  show({kNaN, kInfinity}, {1, kNaN});
+  EXPECT_EQ(x(), std::nullopt);
+  EXPECT_EQ(y(), std::nullopt);
+  show({5}, {-2});
+  EXPECT_EQ(x(), CPTPlotRange(5, 0));
+  show({5, 1, 9}, {-2, 0, 4});
+  EXPECT_EQ(x(), CPTPlotRange(1, 8));
+  EXPECT_EQ(y(), CPTPlotRange(-2, 6));
+  EXPECT_EQ(y(0), CPTPlotRange(4, 0));
+  show({-kLargest, kLargest}, {1, 2});
+  EXPECT_EQ(x(), CPTPlotRange(-kLargest, kLargest)) << "no length is longer";
+  plot->setDataSource(nullptr);
+  EXPECT_EQ(x(), std::nullopt);
+
+  ListSource barSource{{{4, 2}, {10, 30}, {-5, 7}}};
+  const auto bars = addBars(*graph, barSource);
+  EXPECT_EQ(bars->plotRangeForCoordinate(CPTCoordinate::X), CPTPlotRange(2, 2));
+  EXPECT_EQ(bars->plotRangeForCoordinate(CPTCoordinate::Y), CPTPlotRange(0, 30));
+  bars->setBarBasesVary(true);
+  EXPECT_EQ(bars->plotRangeForCoordinate(CPTCoordinate::Y), CPTPlotRange(-5, 35));
+  bars->setBarsAreHorizontal(true);
+  EXPECT_EQ(bars->plotRangeForCoordinate(CPTCoordinate::Y), CPTPlotRange(2, 2));
 }
 
 }  // namespace

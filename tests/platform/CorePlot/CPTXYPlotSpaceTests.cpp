@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "platform/CorePlot/Charts.h"
+#include "platform/CorePlot/ListSource.h"
 
 namespace vexel {
 namespace {
@@ -121,6 +122,29 @@ TEST(CPTXYPlotSpace, ItOutlivesItsGraph) {
   }
   EXPECT_EQ(space->graph(), nullptr);
   space->setXRange({1, 2});
+}
+
+TEST(CPTXYPlotSpace, ScalesToFitPlots) {
+  const auto graph = bareGraph();
+  const auto space = spaceOf(*graph);
+  ListSource first{{{3, 1}, {-2, 5}}}, second{{{7, kNaN}, {0, 100}}}, single{{{4}, {4}}};
+  const auto a = addScatter(*graph, first);
+  const auto b = addScatter(*graph, second);
+  const auto c = addScatter(*graph, single);
+
+  space->setXRange({11, 22});
+  space->scaleToFitPlots({});
+  EXPECT_EQ(space->xRange(), CPTPlotRange(11, 22));
+  const std::shared_ptr<CPTPlot> one[] = {c, nullptr};
+  space->scaleToFitPlots(one);
+  EXPECT_EQ(space->xRange(), CPTPlotRange(11, 22)) << "one number is no range";
+
+  space->scaleToFitPlots(graph->allPlots());
+  EXPECT_EQ(space->xRange(), CPTPlotRange(1, 6));
+  EXPECT_EQ(space->yRange(), CPTPlotRange(-2, 7)) << "100 has no x";
+  space->setYScaleType(CPTScaleType::log);
+  space->scaleToFitPlots(graph->allPlots());
+  EXPECT_EQ(space->yRange(), CPTPlotRange(4, 1)) << "only what is above 0";
 }
 
 }  // namespace

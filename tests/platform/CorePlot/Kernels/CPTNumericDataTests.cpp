@@ -105,5 +105,25 @@ TEST(CPTNumericData, APartEndsWhereTheNumbersEnd) {
   EXPECT_EQ(data.part(1, 2).type(), CPTNumericData::Type::int16);
 }
 
+TEST(CPTNumericData, ReadsPartsAsDoublesAndCopiesOnlyWhatIsNone) {
+  const std::vector<double> doubles = {1, 2, 3, 4};
+  double buffer[4] = {};
+  EXPECT_EQ(CPTNumericData(doubles).read(1, 2, buffer), doubles.data() + 1);
+  const std::vector<std::int16_t> shorts = {-1, 32767, -32768};
+  const std::vector<std::int32_t> ints = {5, -2147483647 - 1, 7};
+  const std::vector<std::int64_t> longs = {5, 1LL << 53, -9};
+  const std::vector<float> floats = {0.5f, std::numeric_limits<float>::infinity(), -2.25f};
+  const auto read = [&](const CPTNumericData& data) {
+    EXPECT_EQ(data.read(1, 2, buffer), buffer);
+    return std::pair(buffer[0], buffer[1]);
+  };
+  EXPECT_EQ(read(shorts), std::pair(32767.0, -32768.0));
+  EXPECT_EQ(read(ints), std::pair(-2147483648.0, 7.0));
+  EXPECT_EQ(read(longs), std::pair(9007199254740992.0, -9.0));
+  EXPECT_EQ(read(floats), std::pair(std::numeric_limits<double>::infinity(), -2.25));
+  EXPECT_EQ(read(CPTNumericData::strided(CPTNumericData::Type::float64, &doubles[3], 3, -8)),
+            std::pair(3.0, 2.0));
+}
+
 }  // namespace
 }  // namespace vexel

@@ -265,5 +265,54 @@ TEST(RangeIndex, OutlineLooksLikeTheSamples) {
   }
 }
 
+TEST(RangeIndex, KnowsWhatBothCoordinatesSpanAboveAFloor) {
+  struct Case {
+    Values x, y;
+    double floor;
+    RangeIndex::Extremes xExtremes, yExtremes;
+  };
+  const RangeIndex::Extremes none;
+  const Case cases[] = {
+      {{}, {}, -kInfinity, none, none},
+      {{kNaN, 1}, {1, kNaN}, -kInfinity, {1, 1}, none},
+      {{kInfinity, 1, 2}, {9, -kInfinity, 3}, -kInfinity, {1, 2}, {3, 3}},
+      {{3, 1, 2}, {4, 6, 5}, -kInfinity, {1, 3}, {4, 6}},
+      {{3, 2, 1}, {4, 6, 5}, -kInfinity, {1, 3}, {4, 6}},
+      {{-1, 0, 2, 5}, {0, 3, -2, 4}, 0, {2, 5}, {3, 4}},
+      {{-2, -1}, {0, 0}, 0, none, none},
+  };
+  for (const Case& c : cases) {
+    const RangeIndex index(c.x, c.y);
+    EXPECT_EQ(index.xExtremes(c.floor), c.xExtremes);
+    EXPECT_EQ(index.yExtremes(c.floor), c.yExtremes);
+  }
+}
+
+TEST(RangeIndex, ReadsNumbersOfAnyType) {
+  std::vector<float> x;
+  std::vector<std::int16_t> y;
+  for (int i = 0; i < 1000; ++i) {
+    x.push_back(static_cast<float>(i) / 2);
+    y.push_back(static_cast<std::int16_t>(i * 37 % 1000 - 500));
+  }
+  const RangeIndex index(x, y);
+  EXPECT_TRUE(index.isAscending());
+  EXPECT_EQ(index.extremes(100, 900),
+            plainExtremes({x.begin(), x.end()}, {y.begin(), y.end()}, 100, 900));
+  EXPECT_THAT(index.samplesBetween(10.2, 20.1), Pair(20, 42));
+  EXPECT_EQ(index.x(7), 3.5);
+  EXPECT_EQ(index.y(7), -241);
+}
+
+TEST(RangeIndex, VisitsAllSamplesOfAPart) {
+  const Values x = counted(300);
+  Values found;
+  RangeIndex(x, x).visit(60, 200, [&](double px, double) { found.push_back(px); });
+  EXPECT_EQ(found, Values(x.begin() + 60, x.begin() + 200));
+  found.clear();
+  RangeIndex(x, x).visit(290, 1000, [&](double px, double) { found.push_back(px); });
+  EXPECT_EQ(found.size(), 10u);
+}
+
 }  // namespace
 }  // namespace vexel

@@ -3,7 +3,10 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <span>
+#include <type_traits>
+#include <utility>
 
 namespace vexel {
 
@@ -15,10 +18,12 @@ class CPTNumericData {
   enum class Type { float64, float32, int16, int32, int64 };
 
   CPTNumericData() = default;
-  template <class Range>
-  requires std::constructible_from < std::span<const double>,
-  const Range& > CPTNumericData(const Range& numbers)
-      : CPTNumericData(std::span<const double>(numbers)) {}
+  template <class Range,
+            class T = std::remove_cvref_t<decltype(*std::data(std::declval<const Range&>()))>>
+  requires(std::same_as<T, double> || std::same_as<T, float> || std::same_as<T, std::int16_t> ||
+           std::same_as<T, std::int32_t> || std::same_as<T, std::int64_t>)
+      CPTNumericData(const Range& numbers)
+      : CPTNumericData(std::span<const T>(numbers)) {}
   CPTNumericData(std::span<const double> n) : CPTNumericData(Type::float64, n) {}
   CPTNumericData(std::span<const float> n) : CPTNumericData(Type::float32, n) {}
   CPTNumericData(std::span<const std::int16_t> n) : CPTNumericData(Type::int16, n) {}
