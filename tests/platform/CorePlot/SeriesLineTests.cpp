@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <functional>
@@ -352,8 +353,11 @@ TEST_F(SeriesPixels, OfPathsFollowManyRecordsToASixteenthOfAPoint) {
   ASSERT_THAT(strokes, SizeIs(1));
   for (std::size_t at = strokes[0].find(" L "); at != std::string::npos;
        at = strokes[0].find(" L ", at + 1)) {
-    double px, py;
-    ASSERT_EQ(std::sscanf(strokes[0].c_str() + at, " L %lf %lf", &px, &py), 2);
+    const char* const end = strokes[0].data() + strokes[0].size();
+    double px = 0, py = 0;
+    const auto x0 = std::from_chars(strokes[0].data() + at + 3, end, px);
+    const auto y0 = std::from_chars(x0.ptr + 1, end, py);
+    ASSERT_TRUE(x0.ec == std::errc() && y0.ec == std::errc());
     if (py > highest) highest = py;
     if (py < lowest) lowest = py;
     if (py > 80) {
