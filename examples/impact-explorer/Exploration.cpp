@@ -35,8 +35,9 @@ Exploration::Exploration(const std::optional<std::string>& file,
                          const std::optional<std::string>& timeName, const ReadWatch& watch)
     : name_(file.value_or("sample")) {
   std::vector<DaySpan> unmeasured;
+  std::uint64_t bytesRead = 0;
   if (file) {
-    CsvContent csv = readCsv(*file, watch);
+    CsvContent csv = readCsv(*file, [&](std::uint64_t bytes) { return watch(bytesRead = bytes); });
     table_ = std::move(csv.table);
     warnings_ = csv.report.warnings();
   } else {
@@ -53,10 +54,18 @@ Exploration::Exploration(const std::optional<std::string>& file,
   if (span_.isInCalendar()) countRows(unmeasured, file ? "Rows" : "Impacts");
 
   // Made here, where the window does not wait for them.
+  const auto goOn = [&] {
+    if (!watch(bytesRead)) throw ReadingEnded();
+  };
   const Choice first = choice(std::nullopt, std::nullopt, {});
+  goOn();
   valueBand(first.value);
+  goOn();
   coding(first.color);
-  for (const std::string& quantity : first.bands) band(quantity);
+  for (const std::string& quantity : first.bands) {
+    goOn();
+    band(quantity);
+  }
 }
 
 void Exploration::countRows(const std::vector<DaySpan>& unmeasured, const std::string& noun) {

@@ -45,11 +45,19 @@ TEST_F(ExplorationOfFile, ReadingEndsWhenItsWatchWantsIt) {
   EXPECT_THROW(Exploration(folder.write("table.csv", "JD,A\n1,2\n"), std::nullopt,
                            [](std::uint64_t) { return false; }),
                ReadingEnded);
+  const std::string content = "JD,A,B\n1,2,3\n";
+  const std::string file = folder.write("table.csv", content);
+  // Once while it is read, and before each of three things that are made of it.
+  for (int last = 0; last < 4; ++last) {
+    int calls = 0;
+    EXPECT_THROW(Exploration(file, std::nullopt, [&](std::uint64_t) { return calls++ < last; }),
+                 ReadingEnded);
+  }
   std::uint64_t read = 0;
-  const std::string content = "JD,A\n1,2\n";
-  Exploration(folder.write("table.csv", content), std::nullopt, [&](std::uint64_t bytes) {
+  int calls = 0;
+  Exploration(file, std::nullopt, [&](std::uint64_t bytes) {
     read = bytes;
-    return true;
+    return calls++ < 4;
   });
   EXPECT_EQ(read, content.size());
 }
