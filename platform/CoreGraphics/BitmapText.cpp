@@ -23,7 +23,7 @@ int quarters(CGFloat coordinate, bool whole) {
 }  // namespace
 
 void drawTextOnBitmap(CairoCanvas& canvas, const CGText& text, CGPoint origin) {
-  const CairoCanvas::PlacedText placed = canvas.placedText(text, origin);
+  const PlacedText placed = canvas.placedText(text, origin);
   if (!placed.layout) return;
   if (!placed.layout->hasOutlines()) return canvas.show(placed);
 

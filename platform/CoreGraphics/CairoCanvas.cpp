@@ -5,30 +5,21 @@
 #include <utility>
 
 #include "CairoImage.h"
+#include "DevicePen.h"
 #include "GlyphMasks.h"
-#include "PangoText.h"
+#include "PageArea.h"
 #include "PenReach.h"
 #include "PixelAlignment.h"
-#include "SafePath.h"
 #include "TransformFacts.h"
 
 namespace vexel {
 
 namespace {
 
-// Cairo fills polygons wrongly from about 2e5 pixels on, without an error, and drops what its 24
-// bits before the point do not hold; so do viewers of files. Surfaces are half of this at most.
-constexpr CGFloat kSafeReach = 65536;
-// What lies farther outside the page than this, beside the reach of the pen, is cut away.
-constexpr CGFloat kMargin = 4096;
-// Pixels to a point that a vector file has of an image that is not smoothed.
-constexpr CGFloat kFileResolution = 4;
 // From this many on a symbol in a file is one shape that is referred to, if it is not larger than
 // this.
 constexpr std::size_t kFewSymbols = 4;
 constexpr CGFloat kLargeSymbol = 512;
-constexpr std::size_t kMaximumFileRepeat = 64;
-constexpr std::size_t kMaximumFilePixels = 2048;
 
 CGPath rectPath(const CGRect& rect) {
   CGMutablePath path;
@@ -58,37 +49,6 @@ cairo_matrix_t cairoMatrix(const CGAffineTransform& t) {
   cairo_matrix_t matrix;
   cairo_matrix_init(&matrix, t.a, t.b, t.c, t.d, t.tx, t.ty);
   return matrix;
-}
-
-// How often a file repeats each of `count` pixels that are `points` long in it.
-std::size_t fileRepeat(CGFloat points, std::size_t count) {
-  const std::size_t most = std::min(kMaximumFileRepeat, kMaximumFilePixels / count);
-  if (count == 1 || most < 2) return 1;
-  return static_cast<std::size_t>(
-      std::clamp(std::ceil(points * kFileResolution), 1.0, static_cast<CGFloat>(most)));
-}
-
-// Four lines around a rectangle, in either direction, closed.
-bool isRectangle(const CGPath& path) {
-  const auto e = path.elements();
-  if (e.size() != 5 || e[0].type != CGPathElement::Type::move ||
-      e[4].type != CGPathElement::Type::close)
-    return false;
-  for (int i = 1; i < 4; ++i)
-    if (e[i].type != CGPathElement::Type::line) return false;
-  const CGPoint a = e[0].point, b = e[1].point, c = e[2].point, d = e[3].point;
-  return (a.y == b.y && b.x == c.x && c.y == d.y && d.x == a.x) ||
-         (a.x == b.x && b.y == c.y && c.x == d.x && d.y == a.y);
-}
-
-std::vector<double> usableDashes(const CGStrokeStyle& style) {
-  CGFloat sum = 0;
-  for (const CGFloat length : style.dashPattern) {
-    if (!(length >= 0 && std::isfinite(length))) return {};
-    sum += length;
-  }
-  if (!(sum > 0 && std::isfinite(sum))) return {};
-  return style.dashPattern;
 }
 
 cairo_line_cap_t lineCap(CGLineCap cap) {
@@ -141,20 +101,9 @@ bool CairoCanvas::isAxisAligned() const {
   return keepsAxes(state_.transform) || swapsAxes(state_.transform);
 }
 
-CGRect CairoCanvas::safeBox(CGFloat pen) const {
-  const CGFloat margin = std::min(kMargin + pen, kSafeReach);
-  return page_.insetBy(-margin, -margin);
-}
-
-CGPath CairoCanvas::fillable(const CGPath& devicePath) const {
-  const CGRect box = safeBox(0);
-  if (liesInside(devicePath, box)) return devicePath;
-  return clippedPolygons(flattenedInside(devicePath, box), box);
-}
-
 void CairoCanvas::clip(const CGPath& path) {
   if (!isDrawable()) return;
-  CGPath device = fillable(path.transformed(state_.transform));
+  CGPath device = visibleFill(path.transformed(state_.transform), page_);
   // A pixel cut in part would let what lies below shine through, once more with every drawing.
   if (kind_ == Surface::pixels && isRectangle(device) && !device.boundingBox().isEmpty()) {
     const CGRect whole =
@@ -177,51 +126,30 @@ void CairoCanvas::stroke(const CGPath& path, const CGStrokeStyle& style) {
   if (style.alignsToPixels && kind_ == Surface::pixels)
     device = alignedToPixels(device, style.width * meanScale(state_.transform), style.cap, page_);
 
-  const CGRect box = safeBox(penReach(style) * meanScale(state_.transform));
-  if (!usableDashes(style).empty()) {
-    if (liesInside(device, box)) return strokePath(device, style, style.dashPhase);
-    for (const ClippedPiece& piece : clippedPieces(flattenedInside(device, box), box))
-      strokePath(piece.path, style,
-                 style.dashPhase + piece.lengthBefore / meanScale(state_.transform));
-    return;
-  }
-  if (!liesInside(device, box)) device = clippedLines(flattenedInside(device, box), box);
-  strokePath(device, style, 0);
+  for (const ClippedPiece& piece :
+       visibleStroke(std::move(device), style, meanScale(state_.transform), page_))
+    strokePath(piece.path, style, piece.lengthBefore);
 }
 
 void CairoCanvas::strokePath(const CGPath& devicePath, const CGStrokeStyle& style,
-                             CGFloat dashOffset) {
+                             CGFloat lengthBefore) {
+  const DevicePen pen = devicePen(style, state_.transform, lengthBefore);
+  if (!(pen.width > 0)) return;
   cairo_t* cr = cairo_.get();
   setPath(devicePath);
   setColor(style.color);
-  // The path is in the device already; the pen is not. A round one needs no transform there, which
-  // keeps files small.
-  const CGAffineTransform& t = state_.transform;
-  const bool isRound = keepsShapes(t);
-  const CGFloat unit = isRound ? meanScale(t) : 1;
-  if (!isRound) setMatrix({t.a, t.b, t.c, t.d, 0, 0});
-
-  cairo_set_line_width(cr, std::min(style.width, kSafeReach / meanScale(t)) * unit);
+  setMatrix(pen.toDevice);
+  cairo_set_line_width(cr, pen.width);
   cairo_set_line_cap(cr, lineCap(style.cap));
   cairo_set_line_join(cr, lineJoin(style.join));
   cairo_set_miter_limit(cr, usableMiterLimit(style));
-  std::vector<double> dashes = usableDashes(style);
-  CGFloat period = 0;
-  for (double& length : dashes) {
-    length *= unit;
-    period += 2 * length;
-  }
-  // Scaled to nothing or beyond all numbers.
-  if (!(period > 0 && std::isfinite(period))) dashes.clear();
-  const CGFloat phase = dashes.empty() ? 0 : std::fmod(dashOffset * unit, period);
-  cairo_set_dash(cr, dashes.data(), static_cast<int>(dashes.size()),
-                 std::isfinite(phase) ? phase : 0);
+  cairo_set_dash(cr, pen.dashes.data(), static_cast<int>(pen.dashes.size()), pen.dashPhase);
   cairo_stroke(cr);
 }
 
 void CairoCanvas::fill(const CGPath& path, const CGColor& color) {
   if (!isDrawable()) return;
-  setPath(fillable(path.transformed(state_.transform)));
+  setPath(visibleFill(path.transformed(state_.transform), page_));
   setColor(color);
   cairo_fill(cairo_.get());
 }
@@ -229,7 +157,7 @@ void CairoCanvas::fill(const CGPath& path, const CGColor& color) {
 void CairoCanvas::fillAligned(const CGRect& rect, const CGColor& color) {
   if (!isDrawable() || rect.isEmpty()) return;
   if (kind_ != Surface::pixels || !isAxisAligned()) return fill(rectPath(rect), color);
-  setPath(fillable(rectPath(toPixelEdges(transformed(rect, state_.transform)))));
+  setPath(visibleFill(rectPath(toPixelEdges(transformed(rect, state_.transform))), page_));
   setColor(color);
   cairo_fill(cairo_.get());
 }
@@ -260,18 +188,13 @@ void CairoCanvas::drawImage(const CGImage& image, const CGRect& rect) {
 
 void CairoCanvas::paintImage(const CGImage& image, const CGAffineTransform& imageToDevice,
                              const CGPath& deviceArea) {
-  std::size_t repeatX = 1, repeatY = 1;
-  if (kind_ != Surface::pixels && !image.layout().interpolates) {
-    // Viewers smooth enlarged images, whatever the file says. Pixels that are sent enlarged stay
-    // squares; one row or column of them looks alike in any case.
-    repeatX = fileRepeat(std::hypot(imageToDevice.a, imageToDevice.b), image.width());
-    repeatY = fileRepeat(std::hypot(imageToDevice.c, imageToDevice.d), image.height());
-  }
-  const CairoSurfaceHandle source = cairoImage(image, repeatX, repeatY);
+  const ImageRepeat repeat =
+      kind_ == Surface::pixels ? ImageRepeat{} : fileRepeat(image, imageToDevice);
+  const CairoSurfaceHandle source = cairoImage(image, repeat);
   if (!source) return;
   const CairoPatternHandle pattern(cairo_pattern_create_for_surface(source.get()));
   const CGAffineTransform toSource = imageToDevice.inverted().followedBy(
-      CGAffineTransform::scale(static_cast<CGFloat>(repeatX), static_cast<CGFloat>(repeatY)));
+      CGAffineTransform::scale(static_cast<CGFloat>(repeat.x), static_cast<CGFloat>(repeat.y)));
   const cairo_matrix_t matrix = cairoMatrix(toSource);
   cairo_pattern_set_matrix(pattern.get(), &matrix);
   cairo_pattern_set_filter(pattern.get(),
@@ -280,26 +203,15 @@ void CairoCanvas::paintImage(const CGImage& image, const CGAffineTransform& imag
   // pattern has to stay a plain image.
   if (kind_ == Surface::pixels) cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_PAD);
   cairo_save(cairo_.get());
-  setPath(fillable(deviceArea));
+  setPath(visibleFill(deviceArea, page_));
   cairo_clip(cairo_.get());
   cairo_set_source(cairo_.get(), pattern.get());
   cairo_paint(cairo_.get());
   cairo_restore(cairo_.get());
 }
 
-CairoCanvas::PlacedText CairoCanvas::placedText(const CGText& text, CGPoint origin) const {
-  if (!isDrawable()) return {};
-  std::shared_ptr<const PangoText> layout = PangoText::layout(text);
-  // The layout runs downwards from its top.
-  const CGAffineTransform toDevice =
-      CGAffineTransform{1, 0, 0, -1, origin.x, origin.y + layout->size().height}.followedBy(
-          state_.transform);
-  const CGRect box = transformed({origin, layout->size()}, state_.transform);
-  const CGFloat height = layout->size().height * meanScale(toDevice);
-  constexpr CGFloat kTooSmall = 0.01;
-  const bool isVisible = hasInverse(toDevice) && height > kTooSmall && height < kSafeReach &&
-                         !box.intersection(safeBox(0)).isEmpty();
-  return isVisible ? PlacedText{std::move(layout), toDevice} : PlacedText{};
+PlacedText CairoCanvas::placedText(const CGText& text, CGPoint origin) const {
+  return isDrawable() ? vexel::placedText(text, origin, state_.transform, page_) : PlacedText{};
 }
 
 void CairoCanvas::drawText(const CGText& text, CGPoint origin) {

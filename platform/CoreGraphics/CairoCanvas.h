@@ -9,7 +9,7 @@
 #include <CoreGraphics/CGContext.h>
 
 #include "CairoHandles.h"
-#include "PangoText.h"
+#include "PlacedText.h"
 
 namespace vexel {
 
@@ -20,7 +20,7 @@ namespace vexel {
 /// Cairo context never gets into an error state by what is drawn.
 class CairoCanvas {
  public:
-  enum class Surface { pixels, pdf, svg };
+  enum class Surface { pixels, pdf };
 
   /// `toDevice` maps points to the surface, which shows `visible` of the device; `page` is the
   /// part of the device beyond which no surface shows anything.
@@ -39,13 +39,7 @@ class CairoCanvas {
   void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
                    std::span<const CGPoint> centers);
 
-  struct PlacedText {
-    std::shared_ptr<const PangoText> layout;
-    CGAffineTransform toDevice;
-  };
-
-  /// The layout of a text and the way from its coordinates (y down, its top-left corner at the
-  /// origin) to the device; no layout when nothing of it can be seen.
+  /// The layout of a text and the way to the device; no layout when nothing of it can be seen.
   PlacedText placedText(const CGText& text, CGPoint origin) const;
   /// Shows text as text of the surface.
   void show(const PlacedText& text);
@@ -77,14 +71,10 @@ class CairoCanvas {
     bool clipIsRectangle = true;
   };
 
-  /// The part of the device outside of which a line of that reach cannot be seen.
-  CGRect safeBox(CGFloat pen) const;
-  /// A path that fills alike where it can be seen, and that Cairo can hold.
-  CGPath fillable(const CGPath& devicePath) const;
   void setPath(const CGPath& devicePath);
   void setColor(const CGColor& color);
   void setMatrix(const CGAffineTransform& transform);
-  void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat dashOffset);
+  void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat lengthBefore);
   bool isAxisAligned() const;
   void drawSymbol(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle);
   void paintImage(const CGImage& image, const CGAffineTransform& imageToDevice,

@@ -56,7 +56,7 @@ PangoContext* sharedContext() {
 }
 
 CGFloat usableSize(CGFloat size) {
-  return size > 0 && std::isfinite(size) ? size : 0;
+  return size > 0 && std::isfinite(size) ? std::min(size, kMaximumFontSize) : 0;
 }
 
 guint16 component(double value) {
@@ -80,8 +80,12 @@ class StyledText {
  public:
   explicit StyledText(const CGText& text)
       : attributes_(pango_attr_list_new()), lastFont_(pango_font_description_new()) {
-    for (const CGTextRun& run : text.runs)
+    for (const CGTextRun& run : text.runs) {
+      starts_.push_back(characters_.size());
+      colors_.push_back(run.color);
       if (const CGFloat size = usableSize(run.font.size); size > 0) add(run, size);
+    }
+    starts_.push_back(characters_.size());
   }
 
   const std::string& characters() const { return characters_; }
@@ -90,16 +94,17 @@ class StyledText {
   /// The font of an empty last line, which has no characters to carry attributes.
   const PangoFontDescription* lastFont() const { return lastFont_.get(); }
 
-  CGColor colorAt(std::size_t byte) const {
-    const auto next = std::ranges::upper_bound(runs_, byte, {}, &Run::start);
-    return std::prev(next)->color;
+  /// The first byte of each run, and the end of the last one.
+  const std::vector<std::size_t>& runStarts() const { return starts_; }
+  const CGColor& colorAt(std::size_t byte) const {
+    return colors_[static_cast<std::size_t>(std::ranges::upper_bound(starts_, byte) -
+                                            starts_.begin() - 1)];
   }
 
  private:
   void add(const CGTextRun& run, CGFloat size) {
     const std::size_t start = characters_.size();
     characters_ += validUtf8(run.text);
-    runs_.push_back({start, run.color});
     const auto apply = [&](PangoAttribute* attribute) {
       attribute->start_index = static_cast<guint>(start);
       attribute->end_index = static_cast<guint>(characters_.size());
@@ -108,15 +113,12 @@ class StyledText {
     const auto units = [](CGFloat points) {
       return static_cast<int>(std::lround(points * PANGO_SCALE));
     };
-    size = std::min(size, kMaximumFontSize);
     const std::string family = validUtf8(run.font.family);
     pango_font_description_set_family(lastFont_.get(), family.c_str());
     pango_font_description_set_absolute_size(lastFont_.get(), size * PANGO_SCALE);
     apply(pango_attr_family_new(family.c_str()));
-    apply(pango_attr_size_new_absolute(units(run.superscript == 0 ? size : size * kScriptSize)));
-    if (run.superscript != 0)
-      apply(pango_attr_rise_new(
-          units(size * (run.superscript > 0 ? kSuperscriptRise : kSubscriptRise))));
+    apply(pango_attr_size_new_absolute(units(drawnFontSize(run))));
+    if (run.superscript != 0) apply(pango_attr_rise_new(units(baselineRise(run))));
     apply(pango_attr_weight_new(run.font.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL));
     apply(pango_attr_style_new(run.font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL));
     apply(pango_attr_foreground_new(component(run.color.red()), component(run.color.green()),
@@ -125,13 +127,9 @@ class StyledText {
     apply(pango_attr_foreground_alpha_new(std::max<guint16>(1, component(run.color.alpha()))));
   }
 
-  struct Run {
-    std::size_t start;
-    CGColor color;
-  };
-
   std::string characters_;
-  std::vector<Run> runs_;
+  std::vector<std::size_t> starts_;
+  std::vector<CGColor> colors_;
   std::unique_ptr<PangoAttrList, AttributesRelease> attributes_;
   std::unique_ptr<PangoFontDescription, DescriptionRelease> lastFont_;
 };
@@ -229,8 +227,19 @@ class SharedTextMeasure : public CGTextMeasure {
 
 }  // namespace
 
+CGFloat drawnFontSize(const CGTextRun& run) {
+  const CGFloat size = usableSize(run.font.size);
+  return run.superscript == 0 ? size : size * kScriptSize;
+}
+
+CGFloat baselineRise(const CGTextRun& run) {
+  if (run.superscript == 0) return 0;
+  return usableSize(run.font.size) * (run.superscript > 0 ? kSuperscriptRise : kSubscriptRise);
+}
+
 PangoText::PangoText(const CGText& text) {
   const StyledText styled(text);
+  runStarts_ = styled.runStarts();
   if (styled.characters().empty()) return;
   layout_.reset(pango_layout_new(sharedContext()));
   pango_layout_set_text(layout_.get(), styled.characters().data(),
@@ -250,6 +259,32 @@ void PangoText::show(cairo_t* context) const {
   if (!layout_) return;
   cairo_move_to(context, 0, 0);
   pango_cairo_show_layout(context, layout_.get());
+}
+
+std::vector<TextLine> PangoText::lines() const {
+  std::vector<TextLine> result;
+  if (!layout_) return result;
+  const std::string_view characters = pango_layout_get_text(layout_.get());
+  const std::unique_ptr<PangoLayoutIter, IteratorRelease> iterator(
+      pango_layout_get_iter(layout_.get()));
+  do {
+    const PangoLayoutLine* line = pango_layout_iter_get_line_readonly(iterator.get());
+    PangoRectangle logical;
+    pango_layout_iter_get_line_extents(iterator.get(), nullptr, &logical);
+    TextLine& added =
+        result.emplace_back(TextLine{points(logical.x) + points(logical.width) / 2,
+                                     points(pango_layout_iter_get_baseline(iterator.get())),
+                                     line->resolved_dir == PANGO_DIRECTION_RTL,
+                                     {}});
+    const auto begin = static_cast<std::size_t>(line->start_index);
+    const std::size_t end = begin + static_cast<std::size_t>(line->length);
+    for (std::size_t run = 0; run + 1 < runStarts_.size(); ++run) {
+      const std::size_t from = std::max(begin, runStarts_[run]);
+      const std::size_t to = std::min(end, runStarts_[run + 1]);
+      if (from < to) added.pieces.push_back({characters.substr(from, to - from), run});
+    }
+  } while (pango_layout_iter_next_line(iterator.get()));
+  return result;
 }
 
 std::shared_ptr<const PangoText> PangoText::layout(const CGText& text) {

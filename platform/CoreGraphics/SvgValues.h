@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <CoreGraphics/CGAffineTransform.h>
+#include <CoreGraphics/CGColor.h>
+#include <CoreGraphics/CGPath.h>
+
+namespace vexel {
+
+/// Decimals of coordinates, of which an eye sees none, and of the entries of a matrix, by which
+/// coordinates get multiplied.
+constexpr int kCoordinateDecimals = 3;
+constexpr int kMatrixDecimals = 6;
+
+/// Each of these appends to the text of a file. Numbers have a point in every locale, no trailing
+/// zeros and no "-0"; what is not finite becomes 0.
+void appendNumber(std::string& svg, double value, int decimals = kCoordinateDecimals);
+
+/// ` name="value"`.
+void appendAttribute(std::string& svg, std::string_view name, double value);
+void appendAttribute(std::string& svg, std::string_view name, std::string_view value);
+
+/// ` transform="matrix(...)"`.
+void appendMatrix(std::string& svg, const CGAffineTransform& transform);
+
+/// ` fill="#..."`, and its opacity where the colour is not opaque: the same for "stroke".
+void appendPaint(std::string& svg, std::string_view name, const CGColor& color);
+
+/// The steps of a path. Upright lines are told as such.
+void appendPathData(std::string& svg, const CGPath& path, int decimals = kCoordinateDecimals);
+
+/// Text as it stands between tags and in attributes: marked characters are escaped, control
+/// characters and others that XML has no place for are left out. Takes valid UTF-8.
+void appendEscaped(std::string& svg, std::string_view text);
+
+}  // namespace vexel
