@@ -157,13 +157,33 @@ TEST(CGDocumentContext, EmbedsEachImageOnce) {
   EXPECT_EQ(occurrences(svgFile, "<pattern"), 0);
 }
 
+std::string bytesOfBase64(std::string_view text) {
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string bytes;
+  std::size_t bits = 0, count = 0;
+  for (const char c : text) {
+    if (c == '=') break;
+    bits = bits << 6 | kDigits.find(c);
+    count += 6;
+    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8));
+  }
+  return bytes;
+}
+
 TEST(CGDocumentContext, SendsPixelsEnlargedUnlessTheImageInterpolates) {
   for (const bool interpolates : {false, true}) {
     const Document svg = makeDocument(Format::svg);
     svg->drawImage(*translucentImage(interpolates), CGRect::make(10, 10, 20, 10));
+    const std::string file = svg->finish();
+    const std::size_t data = file.find("base64,") + 7;
+    const DecodedPng png =
+        decodedPng(bytesOfBase64(file.substr(data, file.find('"', data) - data)));
     // 20 x 10 points at 4 pixels per point.
-    EXPECT_THAT(svg->finish(), HasSubstr(interpolates ? "width=\"2\" height=\"2\""
-                                                      : "width=\"80\" height=\"40\""));
+    EXPECT_EQ(png.width, interpolates ? 2 : 80);
+    EXPECT_EQ(png.height, interpolates ? 2 : 40);
+    EXPECT_EQ(png.pixels.front(), 0xff090909u);
+    EXPECT_EQ(png.pixels.back(), 0u);
   }
 }
 
@@ -178,8 +198,8 @@ TEST(CGDocumentContext, WritesNumbersWithAPointInEveryLocale) {
   const Document svg = makeDocument(Format::svg);
   svg->stroke(linePath({10.5, 20.25}, {30, 40}), {.width = 1.5});
   const std::string file = svg->finish();
-  EXPECT_THAT(file, HasSubstr("M 10.5 219.75 L 30 200"));
-  EXPECT_THAT(file, HasSubstr("stroke-width:1.5"));
+  EXPECT_THAT(file, HasSubstr("M10.5 219.75L30 200"));
+  EXPECT_THAT(file, HasSubstr("stroke-width=\"1.5\""));
 }
 
 TEST(CGDocumentContext, CutsLongLinesNearThePage) {
