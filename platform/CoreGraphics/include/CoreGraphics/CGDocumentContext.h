@@ -9,8 +9,8 @@
 namespace vexel {
 
 /// A page of a vector format, of one size in points. Text stays text: a PDF embeds its fonts, an
-/// SVG names them and has every line of text begin where its own fonts would put it. Equal drawing
-/// calls give equal bytes: no dates, no counters of the process.
+/// SVG names them and places each line by its middle. Equal drawing calls give equal bytes: no
+/// dates, no counters of the process.
 class CGDocumentContext : public CGContext {
  public:
   enum class Format { pdf, svg };
