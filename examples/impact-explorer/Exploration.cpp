@@ -60,11 +60,12 @@ Exploration::Exploration(const std::optional<std::string>& file,
   const Choice first = choice(std::nullopt, std::nullopt, {});
   goOn();
   valueBand(first.value);
+  nearest(first.value);
   goOn();
   coding(first.color);
   for (const std::string& quantity : first.bands) {
     goOn();
-    band(quantity);
+    nearest(quantity);
   }
 }
 
@@ -136,6 +137,10 @@ const Band& Exploration::band(const std::string& quantity) const {
 
 const ColorCoding& Exploration::coding(const std::string& quantity) const {
   return kept(codings_, quantity, [&] { return codingOf(column(quantity)); });
+}
+
+const NearestPoint& Exploration::nearest(const std::string& quantity) const {
+  return kept(nearest_, quantity, [&] { return NearestPoint(band(quantity)); });
 }
 
 }  // namespace explorer

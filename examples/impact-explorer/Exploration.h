@@ -9,6 +9,7 @@
 #include "ColorCoding.h"
 #include "CsvReader.h"
 #include "ImpactSample.h"
+#include "ReadOut.h"
 #include "Table.h"
 
 namespace explorer {
@@ -27,6 +28,10 @@ struct Choice {
 /// done on construction or once.
 class Exploration {
  public:
+  // What it has made refers to it.
+  Exploration(const Exploration&) = delete;
+  Exploration& operator=(const Exploration&) = delete;
+
   /// Absent file: the sample. Throws InputError when the file cannot be used, and ReadingEnded.
   Exploration(const std::optional<std::string>& file, const std::optional<std::string>& timeName,
               const ReadWatch& watch);
@@ -56,6 +61,8 @@ class Exploration {
   /// In the style that suits the quantity.
   const Band& band(const std::string& quantity) const;
   const ColorCoding& coding(const std::string& quantity) const;
+  /// Among the points of the band of the quantity, which are those of valueBand() as well.
+  const NearestPoint& nearest(const std::string& quantity) const;
 
  private:
   const Column& column(const std::string& quantity) const;
@@ -71,6 +78,7 @@ class Exploration {
   mutable std::map<std::string, Band> valueBands_;
   mutable std::map<std::string, Band> bands_;
   mutable std::map<std::string, ColorCoding> codings_;
+  mutable std::map<std::string, NearestPoint> nearest_;
 };
 
 }  // namespace explorer

@@ -90,9 +90,6 @@ void ExplorerView::rebuild() {
   upper_->setDelegate(colored_.get());
   stack_ = makePlot<ImpactFigure>(lower_, theme_, std::move(bands), std::nullopt, kRightPadding);
 
-  nearest_.clear();
-  nearest_.emplace_back(colored_->band());
-  for (const Band& band : stack_->bands()) nearest_.emplace_back(band);
   showTime();
   showPins();
   changed();
@@ -145,14 +142,14 @@ std::optional<ExplorerView::UnderMarker> ExplorerView::underMarker() {
     if (std::ranges::any_of(result.values, isNamed)) return;
     result.values.emplace_back(name, point ? valueText(values[*point]) : "-");
   };
-  const auto colored = nearest_.front().at(*time, kReach * perPoint);
+  const auto colored = exploration_->nearest(choice_.value).at(*time, kReach * perPoint);
   add(colored_->band().title, colored_->band().values, colored);
   add(colored_->coding().title, colored_->coding().values, colored);
   for (std::size_t i = 0; i < stack_->bands().size(); ++i) {
     const Band& band = stack_->bands()[i];
     const double reach =
         std::max(kReach * perPoint, band.style == BandStyle::bars ? band.barWidth / 2 : 0);
-    add(band.title, band.values, nearest_[i + 1].at(*time, reach));
+    add(band.title, band.values, exploration_->nearest(choice_.bands[i]).at(*time, reach));
   }
   return result;
 }

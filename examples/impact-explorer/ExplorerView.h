@@ -12,7 +12,6 @@
 #include "ColorFigure.h"
 #include "Exploration.h"
 #include "ImpactFigure.h"
-#include "ReadOut.h"
 #include "TimeNavigation.h"
 
 namespace explorer {
@@ -120,7 +119,6 @@ class ExplorerView : public vexel::PlotView {
   std::shared_ptr<vexel::PlotView> upper_, lower_;
   std::unique_ptr<ColorFigure> colored_;
   std::unique_ptr<ImpactFigure> stack_;
-  std::vector<NearestPoint> nearest_;
 };
 
 }  // namespace explorer
