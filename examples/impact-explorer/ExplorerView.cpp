@@ -89,6 +89,7 @@ void ExplorerView::rebuild() {
       bands.empty() ? ColorFigure::Place::alone : ColorFigure::Place::above);
   upper_->setDelegate(colored_.get());
   stack_ = makePlot<ImpactFigure>(lower_, theme_, std::move(bands), std::nullopt, kRightPadding);
+  lower_->setDelegate(stack_.get());
 
   showTime();
   showPins();

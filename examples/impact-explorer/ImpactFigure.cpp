@@ -77,6 +77,28 @@ void ImpactFigure::setupPlot() {
   if (highlights_ && !bands_.empty()) addHighlights(span);
 }
 
+void ImpactFigure::setFrameSize(CGSize size) {
+  // The layout keeps the proportions of the bands. What is added to the lowest and the highest one
+  // stays as it is, though, so that their plot areas grow alike.
+  const std::size_t count = hostingViews().size();
+  const CGFloat shared = size.height - kTopPadding - kTimeAxisPadding;
+  if (count == 0 || shared <= 0) return;
+  const CGFloat height = shared / static_cast<CGFloat>(count);
+  CGFloat stack = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const CGFloat added = i == 0 ? kTimeAxisPadding : i == count - 1 ? kTopPadding : 0;
+    stack += height + added;
+    const auto set = [&](const std::string& constraint, CGFloat points) {
+      NSLayoutConstraint& kept =
+          *viewConstraints().at("hostingView" + std::to_string(i) + constraint);
+      const bool isAtTop = kept.secondAttribute() == NSLayoutAttribute::top;
+      kept.setConstant(points - (isAtTop ? 0 : kept.multiplier() * size.height));
+    };
+    set("HeightConstraint", height + added);
+    set("TopMarginConstraint", size.height - stack);
+  }
+}
+
 void ImpactFigure::draw(const std::vector<double>&) {
   if (plotView()) plotView()->setNeedsDisplay(true);
 }

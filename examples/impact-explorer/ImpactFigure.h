@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <Vexel/Adopter.h>
+#include <Vexel/PlotViewDelegate.h>
 #include <VexelWithMarkers/VexelWithMarkers.h>
 #include "Band.h"
 #include "Highlights.h"
@@ -12,8 +13,11 @@
 namespace explorer {
 
 /// Bands over a common time axis, the first one on top. Highlights are marked: the perihelion by a
-/// line through all bands, the strongest stream by a box in the first.
-class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers>, public TimeFigure {
+/// line through all bands, the strongest stream by a box in the first. As the delegate of its host
+/// it lets all plot areas grow alike when the host is resized.
+class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers>,
+                     public TimeFigure,
+                     public vexel::PlotViewDelegate {
  public:
   /// Between the left edge and the plot areas, in points.
   static constexpr vexel::CGFloat kLeftPadding = 78;
@@ -25,6 +29,7 @@ class ImpactFigure : public vexel::Adopter<vexel::VexelWithMarkers>, public Time
       : bands_(std::move(bands)), highlights_(highlights), rightPadding_(rightPadding) {}
 
   const std::vector<Band>& bands() const { return bands_; }
+  void setFrameSize(vexel::CGSize size) override;
 
   void setupPlot() override;
   void draw(const std::vector<double>& presented) override;

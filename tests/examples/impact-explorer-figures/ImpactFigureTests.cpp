@@ -41,6 +41,36 @@ TEST(ImpactFigure, ReadsABandInItsOtherUnitOnTheRight) {
   EXPECT_THAT(right, HasSubstr("labels \"0\" \"20\" \"40\" \"60\" \"80\" \"100\"\n"));
 }
 
+struct Resized {
+  std::size_t bands;
+  double height;
+  std::vector<double> heights;
+};
+
+TEST(ImpactFigure, LetsItsPlotAreasGrowAlikeWhenItIsTheDelegateOfItsView) {
+  // 44 points below the lowest band and 10 above the highest of several do not grow.
+  const Resized cases[] = {
+      {1, 954, {944}},        {2, 954, {494, 460}},      {3, 954, {344, 300, 310}},
+      {3, 204, {94, 50, 60}}, {3, 654, {244, 200, 210}},
+  };
+  for (const auto& [count, height, heights] : cases) {
+    const auto view = std::make_shared<vexel::PlotView>(vexel::CGRect::make(0, 0, 800, 500));
+    const auto figure = vexel::makePlot<ImpactFigure>(view, vexel::PlotTheme::white,
+                                                      std::vector<Band>(count, counts()));
+    view->setDelegate(figure.get());
+    for (const double passing : {700.0, 0.0, 30.0, height}) view->setFrameSize({1000, passing});
+    view->layoutSubtreeIfNeeded();
+    double bottom = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      const vexel::CGRect frame = figure->hostingViews()[i]->frame();
+      EXPECT_NEAR(frame.minY(), bottom, 1e-6) << count << ' ' << height << ' ' << i;
+      EXPECT_NEAR(frame.size.height, heights[i], 1e-6) << count << ' ' << height << ' ' << i;
+      EXPECT_NEAR(frame.size.width, 1000, 1e-6);
+      bottom += heights[i];
+    }
+  }
+}
+
 TEST(ImpactFigure, KeepsBandsBelowEachOtherBesideARightAxis) {
   Band band = counts();
   band.otherUnit = {.title = "Impacts per day", .size = 5};
