@@ -16,11 +16,6 @@ namespace vexel {
 
 namespace {
 
-// From this many on a symbol in a file is one shape that is referred to, if it is not larger than
-// this.
-constexpr std::size_t kFewSymbols = 4;
-constexpr CGFloat kLargeSymbol = 512;
-
 CGPath rectPath(const CGRect& rect) {
   CGMutablePath path;
   path.addRect(rect);
@@ -241,40 +236,15 @@ void CairoCanvas::drawSymbols(const CGPath& symbol, const CGColor* fillColor,
   // The ink around a centre, with room for edges that are moved to pixels.
   const CGRect ink = outwardToPixels(
       transformed(symbol.boundingBox().insetBy(-pen, -pen), linear).insetBy(-1, -1));
-
-  CairoSurfaceHandle recording;
-  if (kind_ != Surface::pixels && centers.size() >= kFewSymbols &&
-      std::max(ink.size.width, ink.size.height) < kLargeSymbol) {
-    // A file holds the symbol once and refers to it. Cairo cuts off parts of recordings whose
-    // extents do not begin at (0, 0).
-    const cairo_rectangle_t extents{0, 0, ink.size.width, ink.size.height};
-    recording.reset(cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, &extents));
-    const CGAffineTransform toRecording =
-        linear.followedBy(CGAffineTransform::translation(-ink.minX(), -ink.minY()));
-    const CGRect whole{{0, 0}, ink.size};
-    CairoCanvas recorder(CairoSurfaceHandle(cairo_surface_reference(recording.get())), kind_,
-                         toRecording, whole, whole);
-    recorder.drawSymbol(symbol, fillColor, strokeStyle);
-  }
   for (const CGPoint center : centers) {
     const CGPoint p = state_.transform.apply(center);
-    const CGRect box{ink.origin + p, ink.size};
-    if (box.intersection(state_.clipBox).isEmpty()) continue;
-    if (recording) {
-      drawSurface(recording.get(), box.minX(), box.minY());
-      continue;
-    }
+    if (CGRect{ink.origin + p, ink.size}.intersection(state_.clipBox).isEmpty()) continue;
     const CGAffineTransform before = state_.transform;
     concatenate(CGAffineTransform::translation(center.x, center.y));
-    drawSymbol(symbol, fillColor, strokeStyle);
+    if (fillColor) fill(symbol, *fillColor);
+    if (strokeStyle) stroke(symbol, *strokeStyle);
     state_.transform = before;
   }
-}
-
-void CairoCanvas::drawSymbol(const CGPath& symbol, const CGColor* fillColor,
-                             const CGStrokeStyle* strokeStyle) {
-  if (fillColor) fill(symbol, *fillColor);
-  if (strokeStyle) stroke(symbol, *strokeStyle);
 }
 
 void CairoCanvas::drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy) {
@@ -282,6 +252,14 @@ void CairoCanvas::drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy) {
   cairo_identity_matrix(cairo_.get());
   cairo_set_source_surface(cairo_.get(), source, dx, dy);
   cairo_pattern_set_filter(cairo_get_source(cairo_.get()), CAIRO_FILTER_NEAREST);
+  cairo_paint(cairo_.get());
+}
+
+void CairoCanvas::paintOverPage(cairo_surface_t* pixel) {
+  if (!isDrawable()) return;
+  cairo_identity_matrix(cairo_.get());
+  cairo_scale(cairo_.get(), page_.size.width, page_.size.height);
+  cairo_set_source_surface(cairo_.get(), pixel, 0, 0);
   cairo_paint(cairo_.get());
 }
 

@@ -36,6 +36,7 @@ class CairoCanvas {
   void fillAligned(const CGRect& rect, const CGColor& color);
   void drawImage(const CGImage& image, const CGRect& rect);
   void drawText(const CGText& text, CGPoint origin);
+
   void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
                    std::span<const CGPoint> centers);
 
@@ -61,6 +62,9 @@ class CairoCanvas {
   /// Paints a surface of the same pixels, its own coordinates moved by whole pixels.
   void drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy);
 
+  /// Stretches a surface of one pixel over the whole page.
+  void paintOverPage(cairo_surface_t* pixel);
+
   /// Ends drawing for good. Gives the state of the Cairo context.
   cairo_status_t finish();
 
@@ -76,7 +80,6 @@ class CairoCanvas {
   void setMatrix(const CGAffineTransform& transform);
   void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat lengthBefore);
   bool isAxisAligned() const;
-  void drawSymbol(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle);
   void paintImage(const CGImage& image, const CGAffineTransform& imageToDevice,
                   const CGPath& deviceArea);
 

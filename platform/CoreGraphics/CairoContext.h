@@ -28,10 +28,6 @@ class CairoContext : public Interface {
     canvas_.drawImage(image, rect);
   }
   void drawText(const CGText& text, CGPoint origin) override { canvas_.drawText(text, origin); }
-  void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
-                   std::span<const CGPoint> centers) override {
-    canvas_.drawSymbols(symbol, fillColor, strokeStyle, centers);
-  }
   CGSize measure(const CGText& text) override { return sharedTextMeasure().measure(text); }
 
  protected:

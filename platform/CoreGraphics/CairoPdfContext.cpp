@@ -2,31 +2,66 @@
 
 #include <cairo-pdf.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
 #include "CairoContext.h"
 #include "CairoStream.h"
+#include "PdfForms.h"
+#include "PdfSymbols.h"
+#include "SymbolShape.h"
 
 namespace vexel {
 
 namespace {
 
+// From this many on symbols are worth an object of their own.
+constexpr std::size_t kFewSymbols = 4;
+
 class CairoPdfContext final : public CairoContext<CGDocumentContext> {
  public:
   CairoPdfContext(CairoCanvas canvas, std::unique_ptr<std::string> bytes)
-      : CairoContext(std::move(canvas)), bytes_(std::move(bytes)) {}
+      : CairoContext(std::move(canvas)), bytes_(std::move(bytes)), forms_(canvas_.page().size) {}
 
   // What is left to write goes into the bytes while they live.
   ~CairoPdfContext() override { end(); }
 
+  void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
+                   std::span<const CGPoint> centers) override {
+    const CGSymbolStyle style{fillColor, strokeStyle};
+    const std::vector<std::uint32_t> places(centers.size(), 0);
+    drawStyledSymbols(symbol, {&style, 1}, places, centers);
+  }
+
+  void drawStyledSymbols(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
+                         std::span<const std::uint32_t> styleOfCenter,
+                         std::span<const CGPoint> centers) override {
+    if (!canvas_.isDrawable() || symbol.isEmpty() || centers.empty()) return;
+    const auto shape = symbolShape(symbol, canvas_.transform());
+    if (!shape || centers.size() < kFewSymbols)
+      return drawOneByOne(symbol, styles, styleOfCenter, centers);
+    std::string content = pdfSymbols(*shape, canvas_, styles, styleOfCenter, centers, forms_);
+    if (content.empty()) return;
+    canvas_.paintOverPage(forms_.standInFor(std::move(content)).get());
+  }
+
   std::string finish() override {
     end();
     if (status_ != CAIRO_STATUS_SUCCESS) throw CGContextError(cairo_status_to_string(status_));
-    return *bytes_;
+    return forms_.insertedInto(*bytes_);
   }
 
  private:
+  void drawOneByOne(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
+                    std::span<const std::uint32_t> styleOfCenter,
+                    std::span<const CGPoint> centers) {
+    for (std::size_t i = 0; i < centers.size(); ++i) {
+      const CGSymbolStyle& style = styles[styleOfCenter[i]];
+      canvas_.drawSymbols(symbol, style.fillColor, style.strokeStyle, centers.subspan(i, 1));
+    }
+  }
+
   void end() {
     if (isFinished_) return;
     isFinished_ = true;
@@ -36,6 +71,7 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
   }
 
   std::unique_ptr<std::string> bytes_;
+  PdfForms forms_;
   cairo_status_t status_ = CAIRO_STATUS_SUCCESS;
   bool isFinished_ = false;
 };
@@ -49,6 +85,8 @@ std::unique_ptr<CGDocumentContext> makePdfContext(CGSize size) {
   if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
     throw CGContextError(cairo_status_to_string(status));
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE, "");
+  // Later versions may hide the table of objects in a stream.
+  cairo_pdf_surface_restrict_to_version(surface.get(), CAIRO_PDF_VERSION_1_4);
   const CGRect page{{0, 0}, size};
   CairoCanvas canvas(std::move(surface), CairoCanvas::Surface::pdf, {1, 0, 0, -1, 0, size.height},
                      page, page);

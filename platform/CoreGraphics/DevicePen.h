@@ -14,10 +14,10 @@ std::vector<double> usableDashes(const CGStrokeStyle& style);
 struct DevicePen {
   /// From the coordinates of the lengths below to the device; the identity, which keeps files
   /// small, where the pen stays round. It never makes anything smaller.
-  CGAffineTransform toDevice;
+  CGAffineTransform toDevice = {};
   /// 0 for a pen that nothing can be drawn with.
   CGFloat width = 0;
-  std::vector<double> dashes;
+  std::vector<double> dashes = {};
   CGFloat dashPhase = 0;
 };
 

@@ -13,14 +13,12 @@
 #include "PngFile.h"
 #include "SvgText.h"
 #include "SvgValues.h"
+#include "SymbolShape.h"
 #include "TransformFacts.h"
 
 namespace vexel {
 
 namespace {
-
-// Larger symbols are drawn one by one, as any other path is.
-constexpr CGFloat kLargeSymbol = 512;
 
 // What the file says once for all elements: SVG's own miter limit is 4.
 constexpr CGFloat kMiterLimit = 10;
@@ -220,15 +218,11 @@ void SvgContext::drawStyledSymbols(const CGPath& symbol, std::span<const CGSymbo
 }
 
 SvgContext::Shape SvgContext::shapeOf(const CGPath& symbol) {
-  const CGPath device = symbol.transformed(linearPart(state_.transform));
-  // A pen that is not round depends on the transform, which a reference does not have.
-  if (!keepsShapes(state_.transform) ||
-      !liesInside(device,
-                  CGRect::make(-kLargeSymbol, -kLargeSymbol, 2 * kLargeSymbol, 2 * kLargeSymbol)))
-    return {};
+  const std::optional<CGPath> shape = symbolShape(symbol, state_.transform);
+  if (!shape) return {};
   std::string rest = "\" d=\"";
-  appendPathData(rest, device);
-  return {definition('s', "<path id=\"", rest + "\"/>\n"), device.boundingBox()};
+  appendPathData(rest, *shape);
+  return {definition('s', "<path id=\"", rest + "\"/>\n"), shape->boundingBox()};
 }
 
 void SvgContext::drawShape(const CGPath& symbol, const Shape& shape, const CGSymbolStyle& style,

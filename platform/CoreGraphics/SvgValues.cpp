@@ -2,38 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 
 namespace vexel {
 
 namespace {
-
-constexpr std::array<std::int64_t, 7> kPowers = {1, 10, 100, 1000, 10000, 100000, 1000000};
-
-// Whole units of the last decimal, of numbers that are far inside 64 bits.
-std::int64_t units(double value, int decimals) {
-  constexpr double kMost = 1e12;
-  if (std::isnan(value)) return 0;
-  return std::llround(std::clamp(value, -kMost, kMost) *
-                      static_cast<double>(kPowers[static_cast<std::size_t>(decimals)]));
-}
-
-void appendUnits(std::string& svg, std::int64_t units, int decimals) {
-  if (units < 0) svg += '-';
-  const std::int64_t power = kPowers[static_cast<std::size_t>(decimals)];
-  const std::int64_t whole = std::abs(units) / power;
-  std::int64_t rest = std::abs(units) % power;
-  std::array<char, 24> digits;
-  svg.append(digits.data(), std::to_chars(digits.data(), digits.end(), whole).ptr);
-  if (rest == 0) return;
-  svg += '.';
-  for (std::int64_t place = power / 10; rest != 0; place /= 10) {
-    svg += static_cast<char>('0' + rest / place);
-    rest %= place;
-  }
-}
 
 // Writes steps in units of the last decimal, so that what is equal in the file counts as equal.
 class PathWriter {
@@ -81,7 +55,7 @@ class PathWriter {
     std::int64_t x, y;
   };
 
-  Place place(CGPoint p) const { return {units(p.x, decimals_), units(p.y, decimals_)}; }
+  Place place(CGPoint p) const { return {fileUnits(p.x, decimals_), fileUnits(p.y, decimals_)}; }
 
   void append(Place p) {
     appendUnits(svg_, p.x, decimals_);
@@ -107,10 +81,6 @@ bool isForbidden(std::string_view text) {
 }
 
 }  // namespace
-
-void appendNumber(std::string& svg, double value, int decimals) {
-  appendUnits(svg, units(value, decimals), decimals);
-}
 
 void appendAttribute(std::string& svg, std::string_view name, double value) {
   svg.append(" ").append(name).append("=\"");

@@ -7,16 +7,11 @@
 #include <CoreGraphics/CGColor.h>
 #include <CoreGraphics/CGPath.h>
 
+#include "FileNumber.h"
+
 namespace vexel {
 
-/// Decimals of coordinates, of which an eye sees none, and of the entries of a matrix, by which
-/// coordinates get multiplied.
-constexpr int kCoordinateDecimals = 3;
-constexpr int kMatrixDecimals = 6;
-
-/// Each of these appends to the text of a file. Numbers have a point in every locale, no trailing
-/// zeros and no "-0"; what is not finite becomes 0.
-void appendNumber(std::string& svg, double value, int decimals = kCoordinateDecimals);
+/// Each of these appends to the text of a file.
 
 /// ` name="value"`.
 void appendAttribute(std::string& svg, std::string_view name, double value);

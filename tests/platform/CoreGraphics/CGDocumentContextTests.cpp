@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "Bitmaps.h"
+#include "PdfFiles.h"
 
 namespace vexel {
 namespace {
@@ -135,6 +136,34 @@ TEST(CGDocumentContext, HoldsTheShapeOfManySymbolsOnce) {
   const std::string file = svg->finish();
   EXPECT_EQ(occurrences(file, "<use"), 50);
   EXPECT_LE(occurrences(file, "<path"), 2);
+}
+
+TEST(CGDocumentContext, RefersToSymbolsInAPdf) {
+  const auto pdfOf = [](std::span<const CGPoint> centers, const CGRect& clip) {
+    const Document pdf = makeDocument(Format::pdf);
+    pdf->drawText({{{"below"}}}, {10, 10});
+    pdf->clip(clip);
+    const CGColor faint = CGColor::genericRGB(0, 0, 1, 0.5);
+    const CGStrokeStyle style;
+    pdf->drawSymbols(ellipsePath(-3, -3, 6, 6), &kRed, &style, centers);
+    pdf->drawSymbols(ellipsePath(-3, -3, 6, 6), &faint, nullptr, centers);
+    const std::string file = pdf->finish();
+    expectTableOfObjects(file);
+    EXPECT_THAT(file, HasSubstr("/Type /Font\n"));
+    EXPECT_EQ(occurrences(file, "/Subtype /Image"), 0);
+    return file;
+  };
+  const CGRect page = CGRect::make(0, 0, 320, 240);
+  std::vector<CGPoint> centers{{kNaN, 5}, {5, kInfinity}, {1e9, 5}, {-20, 5}};
+  // Nothing to be seen.
+  EXPECT_EQ(occurrences(pdfOf(centers, page), "/Subtype /Form"), 0);
+  for (int i = 0; i < 50; ++i) centers.push_back({5.5 * i, 100});
+  EXPECT_EQ(occurrences(pdfOf(centers, CGRect::make(10, 10, 0, 0)), "/Subtype /Form"), 0);
+  // The symbols of each call, and what they look like.
+  const std::string file = pdfOf(centers, page);
+  EXPECT_EQ(occurrences(file, "/Subtype /Form"), 4);
+  EXPECT_THAT(file, HasSubstr("/ca 0.5"));
+  EXPECT_THAT(file, Not(HasSubstr("stands in")));
 }
 
 TEST(CGDocumentContext, LeavesOutSymbolsBeyondTheClip) {
