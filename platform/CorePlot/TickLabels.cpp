@@ -122,6 +122,34 @@ bool areTrue(const std::vector<std::string>& texts, const std::vector<double>& t
   return true;
 }
 
+std::string mantissaOf(double number, int exponent, int digits) {
+  // The power of a denormal number is no normal double.
+  const auto mantissa = static_cast<double>(number / std::pow(10.0L, exponent));
+  char text[40];
+  const char* const end =
+      std::to_chars(text, std::end(text), mantissa, std::chars_format::fixed, digits).ptr;
+  return {static_cast<const char*>(text), end};
+}
+
+/// All with the exponent of the greatest and equally many digits, the fewest that are true; empty
+/// when no number of them is.
+std::vector<Scientific> withOneExponent(const std::vector<double>& ticks) {
+  std::size_t greatest = 0;
+  for (std::size_t i = 1; i < ticks.size(); ++i)
+    if (std::abs(ticks[i]) > std::abs(ticks[greatest])) greatest = i;
+  const int exponent = scientific(ticks[greatest], toleranceOf(ticks, greatest)).exponent;
+  for (int digits = 0; digits <= kMostDigits; ++digits) {
+    std::vector<Scientific> numbers;
+    std::vector<std::string> texts;
+    for (const double tick : ticks) {
+      numbers.push_back({.mantissa = mantissaOf(tick, exponent, digits), .exponent = exponent});
+      texts.push_back(numbers.back().mantissa + "e" + std::to_string(exponent));
+    }
+    if (areTrue(texts, ticks)) return numbers;
+  }
+  return {};
+}
+
 std::vector<std::string> textsOf(const std::vector<double>& ticks, const NSFormatter& formatter) {
   std::vector<std::string> texts;
   for (const double tick : ticks) texts.push_back(formatter.string(tick));
@@ -148,15 +176,21 @@ Labels plainLabels(const std::vector<std::string>& texts, const CPTTextStyle& st
   return labels;
 }
 
-/// Of the ticks that have a text.
+/// Of the ticks that have a text. On a linear scale they have one exponent, so that steps are read
+/// as even.
 Labels powersOfTen(const std::vector<double>& ticks, const std::vector<std::string>& texts,
                    const CPTTextStyle& style, bool logarithmic) {
   Labels labels(ticks.size());
+  if (ticks.empty()) return labels;
+  const auto even = logarithmic ? std::vector<Scientific>() : withOneExponent(ticks);
   for (std::size_t i = 0; i < ticks.size(); ++i) {
     if (texts[i].empty()) continue;
-    labels[i] = ticks[i] == 0 ? std::make_shared<CPTTextLayer>("0", style)
-                              : inPowersOfTen(scientific(ticks[i], toleranceOf(ticks, i)), style,
-                                              logarithmic);
+    if (ticks[i] == 0) {
+      labels[i] = std::make_shared<CPTTextLayer>("0", style);
+      continue;
+    }
+    const Scientific number = even.empty() ? scientific(ticks[i], toleranceOf(ticks, i)) : even[i];
+    labels[i] = inPowersOfTen(number, style, logarithmic);
   }
   return labels;
 }

@@ -86,13 +86,13 @@ TEST(TickLabels, NeverShowATickAsZeroThatIsNot) {
 
 TEST(TickLabels, NeverShowTwoNeighboursAlike) {
   EXPECT_THAT(labels({0, 0.05, 0.1, 0.15}, *digits(1)),
-              ElementsAre("0", "5x10^-2", "1x10^-1", "1.5x10^-1"));
+              ElementsAre("0", "0.5x10^-1", "1.0x10^-1", "1.5x10^-1"));
   EXPECT_THAT(labels({0.0005, 0.0010, 0.0015, 0.0020, 0.0025}, *digits(3)),
-              ElementsAre("5x10^-4", "1x10^-3", "1.5x10^-3", "2x10^-3", "2.5x10^-3"));
+              ElementsAre("0.5x10^-3", "1.0x10^-3", "1.5x10^-3", "2.0x10^-3", "2.5x10^-3"));
   EXPECT_THAT(labels({1000.001, 1000.002, 1000.003}, *digits(1)),
               ElementsAre("1.000001x10^3", "1.000002x10^3", "1.000003x10^3"));
   EXPECT_THAT(labels({0, 0.5, 1, 1.5, 2}, *digits(0)),
-              ElementsAre("0", "5x10^-1", "1", "1.5", "2"));
+              ElementsAre("0", "0.5", "1.0", "1.5", "2.0"));
 }
 
 TEST(TickLabels, NeverShowEvenStepsAsUneven) {
@@ -111,6 +111,19 @@ TEST(TickLabels, NeverShowEvenStepsAsUneven) {
   EXPECT_THAT(labels({0, 0.0125, 0.025}, *upToThree), ElementsAre("0.0000", "0.0125", "0.0250"));
 }
 
+TEST(TickLabels, OfOneLinearAxisHaveOneExponent) {
+  EXPECT_THAT(labels({0.90, 0.95, 1.00, 1.05, 1.10}, *digits(1)),
+              ElementsAre("0.90", "0.95", "1.00", "1.05", "1.10"));
+  EXPECT_THAT(labels({-0.005, 0, 0.005, 0.010}, *digits(1)),
+              ElementsAre("-0.5x10^-2", "0", "0.5x10^-2", "1.0x10^-2"));
+  EXPECT_THAT(labels({8e12, 9e12, 1e13, 1.1e13}, *digits(0), false, 60),
+              ElementsAre("0.8x10^13", "0.9x10^13", "1.0x10^13", "1.1x10^13"));
+}
+
+TEST(TickLabels, WithoutADigitForTheLeastHaveExponentsOfTheirOwn) {
+  EXPECT_THAT(labels({1e-18, 3e-18, 1}, *digits(1)), ElementsAre("1x10^-18", "3x10^-18", "1"));
+}
+
 TEST(TickLabels, OfStepsWithoutEndHaveAsManyDigitsAsCanBeSeen) {
   EXPECT_THAT(labels({0, 10 / 3.0, 20 / 3.0, 10}, *digits(0)),
               ElementsAre("0.00", "3.33", "6.67", "10.00"));
@@ -119,7 +132,7 @@ TEST(TickLabels, OfStepsWithoutEndHaveAsManyDigitsAsCanBeSeen) {
 
 TEST(TickLabels, OfStepsThatNeedTooManyDigitsAreInScientificNotation) {
   EXPECT_THAT(labels({2.5e-17, 5e-17, 7.5e-17}, *digits(17)),
-              ElementsAre("2.5x10^-17", "5x10^-17", "7.5x10^-17"));
+              ElementsAre("2.5x10^-17", "5.0x10^-17", "7.5x10^-17"));
 }
 
 TEST(TickLabels, OfAFormatterWithNumbersOfItsOwnAreLeftToIt) {
@@ -142,12 +155,12 @@ TEST(TickLabels, TakeRoundingAsTheNumberThatIsMeant) {
   EXPECT_THAT(labels({-0.3, 5.6e-17, 0.3}, *digits(1)), ElementsAre("-0.3", "0.0", "0.3"));
   EXPECT_THAT(labels({-0.003, 5.6e-19, 0.003}, *digits(1)),
               ElementsAre("-3x10^-3", "0", "3x10^-3"));
-  EXPECT_THAT(labels({0.1 + 0.2, 0.35}, *digits(0)), ElementsAre("3x10^-1", "3.5x10^-1"));
+  EXPECT_THAT(labels({0.1 + 0.2, 0.35}, *digits(0)), ElementsAre("3.0x10^-1", "3.5x10^-1"));
 }
 
 TEST(TickLabels, OfHugeAndTinyTicksHaveExponentsToo) {
   EXPECT_THAT(labels({1e300, 1e300 + 1e285}, *digits(1)).size(), 2u);
-  EXPECT_THAT(labels({5e-324, 1e-323}, *digits(1)), ElementsAre("5x10^-324", "1x10^-323"));
+  EXPECT_THAT(labels({5e-324, 1e-323}, *digits(1)), ElementsAre("0.5x10^-323", "1.0x10^-323"));
   EXPECT_THAT(labels({-1e308, 1e-15, 1e308}, *digits(1)).size(), 3u);
 }
 

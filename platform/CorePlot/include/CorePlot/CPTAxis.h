@@ -110,10 +110,10 @@ class CPTAxis : public CPTLayer {
   ///
   /// Labels tell the truth: where the formatter would write a tick other than 0 like 0, or two
   /// neighbouring ticks alike, the axis writes all of its labels as powers of ten (log scale) or in
-  /// scientific notation instead, with as many digits as tell the ticks apart. On a log scale it
-  /// does so as well where a number formatter would take more than five characters. Where a number
-  /// formatter would round ticks so that steps read wrong (0, 2.5, 5 as 0, 2, 5), the labels get
-  /// the fraction digits that they need.
+  /// scientific notation instead, with one exponent, left out if 0, and as many digits as tell the
+  /// ticks apart. On a log scale it does so as well where a number formatter would take more than
+  /// five characters. Where a number formatter would round ticks so that steps read wrong (0, 2.5,
+  /// 5 as 0, 2, 5), the labels get the fraction digits that they need.
   const std::shared_ptr<NSFormatter>& labelFormatter() const { return labelFormatter_; }
   void setLabelFormatter(std::shared_ptr<NSFormatter> f) { change(labelFormatter_, std::move(f)); }
   /// From the axis line, or the end of the ticks on that side, to the labels; in points.
