@@ -11,6 +11,7 @@
 // W6  the most memory that W1a took
 // many    N series of 1,000 points each in one graph, drawn again
 // append  10,000 points added to N and drawn, beside a redraw
+#include <AppKit/NSWindow.h>
 #include <CoreGraphics/CGBitmapContext.h>
 #include <CoreGraphics/CGDocumentContext.h>
 #include <Vexel/FigureExport.h>
@@ -60,17 +61,22 @@ void report(const char* work, std::size_t count, double value, const char* unit 
              work, count, value, unit);
 }
 
-/// A window: pixels that stay, drawn on where the figure needs it.
+/// Pixels that stay, drawn on by a window as a host does, where the figure needs it.
 class Screen {
  public:
-  void show(NSView& view) { view.display(*pixels_); }
+  Screen(const Scene& scene, std::string file) : file_(std::move(file)) {
+    window_->setContentView(scene.view);
+  }
+  void show() {
+    for (const CGRect& rect : window_->dirtyRects()) window_->displayRect(rect, *pixels_);
+  }
   void save(const std::string& suffix) {
-    if (!file.empty()) std::ofstream(file + suffix + ".png") << pixels_->pngData();
+    if (!file_.empty()) std::ofstream(file_ + suffix + ".png") << pixels_->pngData();
   }
 
-  std::string file;
-
  private:
+  std::string file_;
+  std::shared_ptr<NSWindow> window_ = std::make_shared<NSWindow>(kSize);
   std::unique_ptr<CGBitmapContext> pixels_ = CGBitmapContext::create(kSize, 1);
 };
 
@@ -81,16 +87,17 @@ double peakMegabytes() {
   return 0;
 }
 
-void timeLine(std::size_t count, Screen& screen, bool memoryOnly) {
+void timeLine(std::size_t count, const std::string& file, bool memoryOnly) {
   const Points points = randomLine(count);
   Scene scene({""}, "x", "y");
   Figure& figure = *scene.figure;
-  screen.show(*scene.view);
+  Screen screen(scene, file);
+  screen.show();
   const auto graph = figure.graphs()[0];
   const auto first = [&] {
     figure.addLine(0, "line", points);
     figure.fitRanges(0);
-    screen.show(*scene.view);
+    screen.show();
   };
   if (memoryOnly) {
     first();
@@ -99,7 +106,7 @@ void timeLine(std::size_t count, Screen& screen, bool memoryOnly) {
   std::vector<double> firsts;
   for (int i = 0; i < 5; ++i) {
     graph->removePlotWithIdentifier("line");
-    screen.show(*scene.view);
+    screen.show();
     firsts.push_back(timeOf([&](int) { first(); }, 1, 1));
   }
   report("W1a", count, median(firsts));
@@ -112,7 +119,7 @@ void timeLine(std::size_t count, Screen& screen, bool memoryOnly) {
              [&](int i) {
                const double offset = full.lengthDouble() * 0.03 * (i % 2 == 1 ? 1 : 2);
                figure.setXRange(0, full.locationDouble() + offset, full.endDouble() + offset);
-               screen.show(*scene.view);
+               screen.show();
              },
              15));
   report("W1c", count,
@@ -121,27 +128,28 @@ void timeLine(std::size_t count, Screen& screen, bool memoryOnly) {
                const double from =
                    full.locationDouble() + full.lengthDouble() * (0.45 + 0.01 * (i % 5));
                figure.setXRange(0, from, from + full.lengthDouble() / 10);
-               screen.show(*scene.view);
+               screen.show();
              },
              15));
   screen.save("-w1c");
 }
 
-void timeCircles(std::size_t count, Screen& screen) {
+void timeCircles(std::size_t count, const std::string& file) {
   const ColoredPoints points = randomScatter(count);
   Scene scene({""}, "x", "y");
   Figure& figure = *scene.figure;
-  screen.show(*scene.view);
+  Screen screen(scene, file);
+  screen.show();
   const auto graph = figure.graphs()[0];
   std::vector<double> firsts;
   for (int i = 0; i < 5; ++i) {
     graph->removePlotWithIdentifier("circles");
-    screen.show(*scene.view);
+    screen.show();
     firsts.push_back(timeOf(
         [&](int) {
           figure.addColoredCircles(0, "circles", points);
           figure.fitRanges(0);
-          screen.show(*scene.view);
+          screen.show();
         },
         1, 1));
   }
@@ -154,7 +162,7 @@ void timeCircles(std::size_t count, Screen& screen) {
              [&](int i) {
                const double offset = full.lengthDouble() * 0.001 * (i % 2);
                figure.setXRange(0, full.locationDouble() + offset, full.endDouble() + offset);
-               screen.show(*scene.view);
+               screen.show();
              },
              9));
 }
@@ -213,12 +221,13 @@ void writeThreeGraphs(const std::string& file) {
   exportFigure(*scene.view, file);
 }
 
-void timeMarker(std::size_t count, Screen& screen) {
+void timeMarker(std::size_t count, const std::string& file) {
   const Points points = randomLine(count);
   Scene scene({""}, "x", "y");
   Figure& figure = *scene.figure;
   figure.addLine(0, "line", points);
   figure.fitRanges(0);
+  Screen screen(scene, file);
   const auto space =
       std::dynamic_pointer_cast<CPTXYPlotSpace>(figure.graphs()[0]->defaultPlotSpace());
   const CPTPlotRange x = space->xRange();
@@ -233,14 +242,14 @@ void timeMarker(std::size_t count, Screen& screen) {
     const double middle = x.locationDouble() + x.lengthDouble() / 2;
     marker.x.assign(2, middle + i * x.lengthDouble() / area.width);
     plot->setDataNeedsReloading();
-    screen.show(*scene.view);
+    screen.show();
   };
   for (int i = -5; i < 0; ++i) move(i);
   report("W4", count, timeOf(move, 201, 50));
   screen.save("-w4");
 }
 
-void timeManySeries(std::size_t count, Screen& screen) {
+void timeManySeries(std::size_t count, const std::string& file) {
   std::vector<Points> series(count);
   for (std::size_t s = 0; s < count; ++s)
     for (int i = 0; i < 1000; ++i) {
@@ -251,18 +260,19 @@ void timeManySeries(std::size_t count, Screen& screen) {
   Scene scene({""}, "x", "y");
   for (std::size_t s = 0; s < count; ++s) scene.figure->addLine(0, std::to_string(s), series[s]);
   scene.figure->fitRanges(0);
-  screen.show(*scene.view);
+  Screen screen(scene, file);
+  screen.show();
   report("many", count,
          timeOf(
              [&](int i) {
                scene.figure->setXRange(0, i % 2, 999 + i % 2);
-               screen.show(*scene.view);
+               screen.show();
              },
              15));
   screen.save("-many");
 }
 
-void timeAppending(std::size_t count, Screen& screen) {
+void timeAppending(std::size_t count, const std::string& file) {
   constexpr std::size_t kAppended = 10000;
   constexpr int kTimes = 15;
   const Points all = randomLine(count + kAppended * kTimes);
@@ -279,13 +289,14 @@ void timeAppending(std::size_t count, Screen& screen) {
   Scene scene({""}, "x", "y");
   scene.figure->addLine(0, "line", shown);
   scene.figure->fitRanges(0);
-  screen.show(*scene.view);
+  Screen screen(scene, file);
+  screen.show();
   const auto plot = scene.figure->graphs()[0]->plotWithIdentifier("line");
   report("redraw", count,
          timeOf(
              [&](int) {
                plot->setNeedsDisplay();
-               screen.show(*scene.view);
+               screen.show();
              },
              kTimes));
   report("append", count,
@@ -293,28 +304,26 @@ void timeAppending(std::size_t count, Screen& screen) {
              [&](int i) {
                grow(count + kAppended * static_cast<std::size_t>(i + 1));
                plot->insertData(shown.x.size() - kAppended, kAppended);
-               screen.show(*scene.view);
+               screen.show();
              },
              kTimes));
 }
 
 int run(const std::string& work, std::size_t count, const std::string& file) {
-  Screen screen;
-  screen.file = file;
   if (work == "W1" || work == "W6")
-    timeLine(count, screen, work == "W6");
+    timeLine(count, file, work == "W6");
   else if (work == "W2")
-    timeCircles(count, screen);
+    timeCircles(count, file);
   else if (work == "W3")
     timeThreeGraphs(file);
   else if (work == "W4")
-    timeMarker(count, screen);
+    timeMarker(count, file);
   else if (work == "W5")
     writeThreeGraphs(file.empty() ? "scenes.png" : file);
   else if (work == "many")
-    timeManySeries(count, screen);
+    timeManySeries(count, file);
   else if (work == "append")
-    timeAppending(count, screen);
+    timeAppending(count, file);
   else
     return EXIT_FAILURE;
   return EXIT_SUCCESS;

@@ -1,8 +1,9 @@
 #include "BitmapSymbols.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
 #include <cstdint>
+#include <ranges>
 #include <vector>
 
 #include "FrontToBack.h"
@@ -19,21 +20,29 @@ constexpr std::size_t kManySymbols = 200'000;
 // More would take too much memory beside the bitmap itself.
 constexpr std::int64_t kMostHiddenPixels = 1 << 26;
 
-// A place in eighths of a pixel: the pixel, and the phase in it.
+// A place in eighths of a pixel: the pixel, and the phase in it. Places are less than kReach
+// outside of pixels of a bitmap.
 struct PhasePlace {
-  explicit PhasePlace(CGPoint p)
-      : x(static_cast<int>(std::floor(p.x * 8 + 0.5))),
-        y(static_cast<int>(std::floor(p.y * 8 + 0.5))) {
-    static_assert(SymbolStamps::kPhases == 8);
-  }
+  PhasePlace() = default;
+  explicit PhasePlace(CGPoint p) : x(eighths(p.x)), y(eighths(p.y)) {}
 
   PixelStamp stampOf(SymbolStamps& stamps) const { return stamps.stamp(x & 7, y & 7); }
   // Shifts of negative numbers round down, as the phases want it.
   int pixelX() const { return x >> 3; }
   int pixelY() const { return y >> 3; }
 
-  int x;
-  int y;
+  int x = 0;
+  int y = 0;
+
+ private:
+  static constexpr int kPhases = SymbolStamps::kPhases;
+  static_assert(kPhases == 8);
+
+  // The nearest; numbers that are not negative are cut to round them down.
+  static int eighths(CGFloat v) {
+    constexpr int kShift = kPhases * 2 * SymbolStamps::kMaximumSide;
+    return static_cast<int>(v * kPhases + (kShift + 0.5)) - kShift;
+  }
 };
 
 /// Centres farther out cannot be seen, and their places would be too large for integers.
@@ -98,32 +107,31 @@ bool showsNothing(const CairoCanvas& canvas, const CGPath& symbol) {
   return !canvas.isDrawable() || canvas.clipBox().isEmpty() || symbol.isEmpty();
 }
 
-/// Draws many opaque symbols, the last one first. False, and nothing is drawn, when one has no
-/// stamps or lets shine through what is below it, or the clip cuts through pixels.
+/// Draws many symbols whose stamps are all opaque, the last one first. False, and nothing is drawn,
+/// when the clip cuts through pixels.
 template <class StampsOf>
 bool drawFrontToBack(CairoCanvas& canvas, StampsOf&& stampsOf, std::span<const CGPoint> centers) {
   PixelTarget target(canvas);
   const PixelRect box = target.clip();
   if (!target.wholeClip() || std::int64_t{box.width()} * box.height() > kMostHiddenPixels)
     return false;
-  for (std::size_t i = 0; i < centers.size(); ++i) {
-    const SymbolStamps* const stamps = stampsOf(i);
-    if (!stamps || !stamps->isOpaque()) return false;
-  }
   const CGRect reach = reachOf(canvas);
   FrontToBack pixels(box);
-  const auto visit = [&](std::size_t i, auto use) {
-    const CGPoint p = canvas.transform().apply(centers[i]);
-    if (reach.contains(p)) use(*stampsOf(i), PhasePlace(p));
+  struct Next {
+    SymbolStamps* stamps = nullptr;
+    PhasePlace place;
   };
-  for (std::size_t i = centers.size(); i-- > 0;) {
-    if (i >= kAhead)
-      visit(i - kAhead, [&](const SymbolStamps& stamps, const PhasePlace& place) {
-        pixels.prefetch(place.pixelX(), place.pixelY(), stamps.reach());
-      });
-    visit(i, [&](SymbolStamps& stamps, const PhasePlace& place) {
-      pixels.layUnder(place.stampOf(stamps), place.pixelX(), place.pixelY());
-    });
+  std::array<Next, kAhead> next;
+  for (std::size_t i = centers.size() + kAhead; i-- > 0;) {
+    Next& turn = next[i % kAhead];
+    if (turn.stamps)
+      pixels.layUnder(turn.place.stampOf(*turn.stamps), turn.place.pixelX(), turn.place.pixelY());
+    turn.stamps = nullptr;
+    if (i < kAhead) continue;
+    const CGPoint p = canvas.transform().apply(centers[i - kAhead]);
+    if (!reach.contains(p)) continue;
+    turn = {stampsOf(i - kAhead), PhasePlace(p)};
+    pixels.prefetch(turn.place.pixelX(), turn.place.pixelY(), turn.stamps->reach());
   }
   pixels.drawOn(target);
   return true;
@@ -141,7 +149,9 @@ void drawSymbolsOnBitmap(CairoCanvas& canvas, const SymbolLook& look,
     return;
   }
   const auto stampsOf = [&](std::size_t) { return stamps.get(); };
-  if (centers.size() >= kManySymbols && drawFrontToBack(canvas, stampsOf, centers)) return;
+  if (centers.size() >= kManySymbols && stamps->isOpaque() &&
+      drawFrontToBack(canvas, stampsOf, centers))
+    return;
   SymbolPainter painter(canvas);
   for (std::size_t i = 0; i < centers.size(); ++i) {
     if (i + kAhead < centers.size()) painter.prepare(stamps.get(), centers[i + kAhead]);
@@ -156,18 +166,26 @@ bool drawStyledSymbolsOnBitmap(CairoCanvas& canvas, const CGPath& symbol,
   if (showsNothing(canvas, symbol)) return true;
   if (!canvas.clipIsRectangle()) return false;
   StyledStamps stamps(styles.size());
-  const auto look = [&](std::size_t i) {
-    const CGSymbolStyle& style = styles[styleOfCenter[i]];
-    return SymbolLook{symbol, style.fillColor, style.strokeStyle};
+  const auto look = [&](std::uint32_t style) {
+    return SymbolLook{symbol, styles[style].fillColor, styles[style].strokeStyle};
   };
-  const auto stampsOf = [&](std::size_t i) {
-    return stamps.of(styleOfCenter[i], look(i), canvas.transform());
+  const auto stampsOfStyle = [&](std::uint32_t style) {
+    return stamps.of(style, look(style), canvas.transform());
   };
-  if (centers.size() >= kManySymbols && drawFrontToBack(canvas, stampsOf, centers)) return true;
+  const auto stampsOf = [&](std::size_t i) { return stampsOfStyle(styleOfCenter[i]); };
+  const auto isOpaque = [&](std::uint32_t style) {
+    const SymbolStamps* const known = stampsOfStyle(style);
+    return known && known->isOpaque();
+  };
+  if (centers.size() >= kManySymbols &&
+      std::ranges::all_of(std::views::iota(0u, static_cast<std::uint32_t>(styles.size())),
+                          isOpaque) &&
+      drawFrontToBack(canvas, stampsOf, centers))
+    return true;
   SymbolPainter painter(canvas);
   for (std::size_t i = 0; i < centers.size(); ++i) {
     if (i + kAhead < centers.size()) painter.prepare(stampsOf(i + kAhead), centers[i + kAhead]);
-    painter.draw(look(i), stampsOf(i), centers[i]);
+    painter.draw(look(styleOfCenter[i]), stampsOf(i), centers[i]);
   }
   return true;
 }

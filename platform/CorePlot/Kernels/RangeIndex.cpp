@@ -69,6 +69,7 @@ void RangeIndex::extend(CPTNumericData x, CPTNumericData y) {
   levels_[0].extremes.resize(nodes);
   levels_[0].hasGap.resize(nodes);
   leafX_.resize(nodes);
+  leafY_.resize(nodes);
   for (std::size_t leaf = changed; leaf < nodes; ++leaf) readLeaf(leaf, known);
   for (std::size_t level = 1; nodes > 1; ++level) {
     changed /= kFanOut;
@@ -91,6 +92,8 @@ void RangeIndex::readLeaf(std::size_t leaf, std::size_t known) {
   const double* x = x_.read(begin - before, samples + before, xBuffer.data()) + before;
   const double* y = y_.read(begin, samples, yBuffer.data());
   leafX_[leaf] = x[0];
+  leafY_[leaf] = y[0];
+  lastY_ = y[samples - 1];
   if (before == 1 && begin >= known && samples == kLeafSize) {
     const Summary summary = summaryWithoutGaps(x, y, kLeafSize);
     if (!summary.hasGap) {
@@ -153,6 +156,36 @@ RangeIndex::Extremes RangeIndex::extremes(std::size_t first, std::size_t last) c
   const std::size_t top = levels_.size() - 1;
   for (std::size_t i = 0; i < levels_[top].size(); ++i) addExtremes({top, i}, first, last, found);
   return found;
+}
+
+RangeIndex::Extremes RangeIndex::extremesWithoutGaps(const double* x, const double* y,
+                                                     std::size_t samples) {
+  double low[kLanes], high[kLanes], remainder[kLanes];
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    low[lane] = high[lane] = y[lane];
+    remainder[lane] = 0;
+  }
+  const std::size_t inLanes = samples / kLanes * kLanes;
+  for (std::size_t i = 0; i < inLanes; i += kLanes)
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      const double yi = y[i + lane];
+      low[lane] = yi < low[lane] ? yi : low[lane];
+      high[lane] = yi > high[lane] ? yi : high[lane];
+      remainder[lane] += (x[i + lane] - x[i + lane]) + (yi - yi);  // 0 unless one is not finite
+    }
+  Extremes found;
+  double all = 0;
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    found.lowest = std::min(found.lowest, low[lane]);
+    found.highest = std::max(found.highest, high[lane]);
+    all += remainder[lane];
+  }
+  for (std::size_t i = inLanes; i < samples; ++i) {
+    found.lowest = std::min(found.lowest, y[i]);
+    found.highest = std::max(found.highest, y[i]);
+    all += (x[i] - x[i]) + (y[i] - y[i]);
+  }
+  return all == 0 ? found : Extremes();
 }
 
 RangeIndex::Extremes RangeIndex::xExtremes(double floor) const {

@@ -8,13 +8,14 @@
 #include <utility>
 #include <vector>
 
+#include <CoreGraphics/CGPoint.h>
 #include <CorePlot/CPTNumericData.h>
 
 namespace vexel {
 
 /// The lowest and highest y of a series of samples over any part of it, without looking at them
 /// all: extremes and first x per leaf of 64 samples, extremes of 4 leaves, 16 leaves and so on,
-/// which is 3 % of the data. Samples whose x or y is not finite are gaps: they have no extremes and
+/// which is 4 % of the data. Samples whose x or y is not finite are gaps: they have no extremes and
 /// are known to be there.
 ///
 /// The samples are borrowed: they must stay, unchanged, as long as the index is used.
@@ -79,9 +80,10 @@ class RangeIndex {
 
   /// Calls point(x, y) along a line that looks like the one through the samples first to last - 1,
   /// whose x must ascend or descend. A part is narrow when all its x lie before narrowEnd(x) of its
-  /// first x; whole leaves that are narrow are replaced by their lowest and highest y at the middle
-  /// of their x, fewer samples by their first, lowest, highest and last in order. Gaps and y that
-  /// are not above `floor` are never left out, but one stands for several in a row.
+  /// first x; twelve samples or more that are narrow are replaced by their lowest and highest,
+  /// whole leaves by two points at their ends or in their middle that have their extremes, fewer
+  /// ones by their first, lowest, highest and last in order. Gaps and y that are not above `floor`
+  /// are never left out, but one stands for several in a row.
   template <class NarrowEnd, class Point>
   void visitOutline(std::size_t first, std::size_t last, double floor, NarrowEnd&& narrowEnd,
                     Point&& point) const {
@@ -95,6 +97,7 @@ class RangeIndex {
  private:
   static constexpr std::size_t kLeafSize = 64;
   static constexpr std::size_t kFanOut = 4;
+  static constexpr std::size_t kShortestBlock = 12;
 
   struct Level {
     std::vector<Extremes> extremes;
@@ -121,6 +124,23 @@ class RangeIndex {
   bool isBefore(double x, double end) const { return isAscending_ ? x < end : x > end; }
   /// The first x of a leaf, or the last of all when there is no such leaf.
   double leafX(std::size_t leaf) const { return leaf < leafX_.size() ? leafX_[leaf] : lastX_; }
+  double leafY(std::size_t leaf) const { return leaf < leafY_.size() ? leafY_[leaf] : lastY_; }
+
+  /// Gives the extremes of a part between its first sample and the one behind it, or its last one:
+  /// at the ends where they lie there, as on a slope, otherwise in the middle.
+  template <class Point>
+  void replacePart(CGPoint first, CGPoint next, const Extremes& extremes, Point&& point) const {
+    const double middle = first.x / 2 + next.x / 2;
+    const auto place = [&](double extreme, bool isBeyond) {
+      return extreme == first.y ? first.x : isBeyond ? next.x : middle;
+    };
+    const double xLowest = place(extremes.lowest, next.y <= extremes.lowest);
+    const double xHighest = place(extremes.highest, next.y >= extremes.highest);
+    const bool isHighestFirst = isBefore(xHighest, xLowest);
+    if (isHighestFirst) point(xHighest, extremes.highest);
+    point(xLowest, extremes.lowest);
+    if (!isHighestFirst) point(xHighest, extremes.highest);
+  }
 
   template <class NarrowEnd, class Point>
   void visitNode(Place node, std::size_t first, std::size_t last, double floor,
@@ -136,9 +156,8 @@ class RangeIndex {
     const double x1 = leafX((begin + samples) / kLeafSize);
     if (begin >= first && end <= last && !level.hasGap[node.index] && extremes.lowest > floor &&
         isBefore(x1, narrowEnd(x0))) {
-      const double middle = x0 / 2 + x1 / 2;
-      point(middle, extremes.lowest);
-      point(middle, extremes.highest);
+      const std::size_t leaf = begin / kLeafSize;
+      replacePart({x0, leafY(leaf)}, {x1, leafY(leaf + samples / kLeafSize)}, extremes, point);
     } else if (node.level > 0) {
       const std::size_t child = node.index * kFanOut;
       const std::size_t children = std::min(kFanOut, levels_[node.level - 1].size() - child);
@@ -156,6 +175,39 @@ class RangeIndex {
     std::array<double, kLeafSize> xBuffer, yBuffer;
     const double* x = x_.read(first, samples, xBuffer.data());
     const double* y = y_.read(first, samples, yBuffer.data());
+    visitBlock(x, y, samples, floor, narrowEnd, point);
+  }
+
+  /// A part of a leaf: replaced as a whole, halved, or, when it is short, sample by sample.
+  template <class NarrowEnd, class Point>
+  void visitBlock(const double* x, const double* y, std::size_t samples, double floor,
+                  NarrowEnd&& narrowEnd, Point&& point) const {
+    if (samples < kShortestBlock) {
+      visitSamples(x, y, samples, floor, narrowEnd, point);
+      return;
+    }
+    if (isBefore(x[samples - 1], narrowEnd(x[0]))) {
+      const Extremes extremes = extremesWithoutGaps(x, y, samples);
+      if (!extremes.isEmpty() && extremes.lowest > floor) {
+        const double* const lowest = std::find(y, y + samples, extremes.lowest);
+        const double* const highest = std::find(y, y + samples, extremes.highest);
+        if (highest < lowest) point(x[highest - y], *highest);
+        point(x[lowest - y], *lowest);
+        if (highest > lowest) point(x[highest - y], *highest);
+        return;
+      }
+    }
+    const std::size_t half = samples / 2;
+    visitBlock(x, y, half, floor, narrowEnd, point);
+    visitBlock(x + half, y + half, samples - half, floor, narrowEnd, point);
+  }
+
+  /// None when a sample is a gap.
+  static Extremes extremesWithoutGaps(const double* x, const double* y, std::size_t samples);
+
+  template <class NarrowEnd, class Point>
+  void visitSamples(const double* x, const double* y, std::size_t samples, double floor,
+                    NarrowEnd&& narrowEnd, Point&& point) const {
     const auto isGap = [&](std::size_t i) {
       constexpr double kLargest = std::numeric_limits<double>::max();
       return !(y[i] > floor && y[i] <= kLargest && x[i] >= -kLargest && x[i] <= kLargest);
@@ -186,10 +238,12 @@ class RangeIndex {
   CPTNumericData y_;
   std::vector<Level> levels_;  // from the leaves up
   std::vector<double> leafX_;  // the first of each leaf
+  std::vector<double> leafY_;
   bool isAscending_ = true;
   bool isDescending_ = true;
   bool hasGapInX_ = false;
   double lastX_ = std::numeric_limits<double>::quiet_NaN();
+  double lastY_ = std::numeric_limits<double>::quiet_NaN();
 };
 
 }  // namespace vexel
