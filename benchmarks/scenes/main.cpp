@@ -228,6 +228,7 @@ void timeMarker(std::size_t count, const std::string& file) {
   figure.addLine(0, "line", points);
   figure.fitRanges(0);
   Screen screen(scene, file);
+  screen.show();
   const auto space =
       std::dynamic_pointer_cast<CPTXYPlotSpace>(figure.graphs()[0]->defaultPlotSpace());
   const CPTPlotRange x = space->xRange();

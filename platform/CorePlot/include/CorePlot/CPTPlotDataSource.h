@@ -7,9 +7,9 @@
 #include <vector>
 
 #include <CorePlot/CPTColorList.h>
-#include <CorePlot/CPTNumericData.h>
 #include <CorePlot/CPTPlotSymbol.h>
 #include <Foundation/NSObject.h>
+#include <Kernels/CPTNumericData.h>
 
 namespace vexel {
 

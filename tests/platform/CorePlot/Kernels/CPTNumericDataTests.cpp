@@ -1,4 +1,4 @@
-#include <CorePlot/CPTNumericData.h>
+#include <Kernels/CPTNumericData.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

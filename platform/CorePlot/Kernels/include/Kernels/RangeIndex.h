@@ -9,7 +9,7 @@
 #include <vector>
 
 #include <CoreGraphics/CGPoint.h>
-#include <CorePlot/CPTNumericData.h>
+#include <Kernels/CPTNumericData.h>
 
 namespace vexel {
 
