@@ -2,20 +2,24 @@
 
 #include <cairo-pdf.h>
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
 #include "CairoContext.h"
 #include "CairoStream.h"
 #include "PdfForms.h"
+#include "PdfPaths.h"
 #include "PdfSymbols.h"
 #include "SymbolShape.h"
+#include "TransformFacts.h"
 
 namespace vexel {
 
 namespace {
 
+// Cairo takes more than a microsecond for each step of a path, and some twenty for an object of its
+// own.
+constexpr std::size_t kLongPath = 64;
 // From this many on symbols are worth an object of their own.
 constexpr std::size_t kFewSymbols = 4;
 
@@ -26,6 +30,16 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
 
   // What is left to write goes into the bytes while they live.
   ~CairoPdfContext() override { end(); }
+
+  void stroke(const CGPath& path, const CGStrokeStyle& style) override {
+    if (!isLong(path) || !keepsShapes(canvas_.transform())) return canvas_.stroke(path, style);
+    show(pdfStroke(path, style, canvas_, forms_));
+  }
+
+  void fill(const CGPath& path, const CGColor& color) override {
+    if (!isLong(path)) return canvas_.fill(path, color);
+    show(pdfFill(path, color, canvas_, forms_));
+  }
 
   void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
                    std::span<const CGPoint> centers) override {
@@ -41,9 +55,7 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
     const auto shape = symbolShape(symbol, canvas_.transform());
     if (!shape || centers.size() < kFewSymbols)
       return drawOneByOne(symbol, styles, styleOfCenter, centers);
-    std::string content = pdfSymbols(*shape, canvas_, styles, styleOfCenter, centers, forms_);
-    if (content.empty()) return;
-    canvas_.paintOverPage(forms_.standInFor(std::move(content)).get());
+    show(pdfSymbols(*shape, canvas_, styles, styleOfCenter, centers, forms_));
   }
 
   std::string finish() override {
@@ -53,6 +65,15 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
   }
 
  private:
+  bool isLong(const CGPath& path) const {
+    return canvas_.isDrawable() && path.elements().size() >= kLongPath;
+  }
+
+  void show(std::string content) {
+    if (content.empty()) return;
+    canvas_.paintOverPage(forms_.standInFor(std::move(content)).get());
+  }
+
   void drawOneByOne(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
                     std::span<const std::uint32_t> styleOfCenter,
                     std::span<const CGPoint> centers) {

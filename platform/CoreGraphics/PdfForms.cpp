@@ -17,8 +17,8 @@ namespace vexel {
 
 namespace {
 
-// A page of small operators: more effort makes it hardly smaller.
-constexpr int kEffort = 6;
+// More effort takes longer and makes files a few percent smaller.
+constexpr int kEffort = 3;
 
 constexpr std::string_view kStandIn = "stands in for ";
 

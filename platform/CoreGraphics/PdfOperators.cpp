@@ -1,6 +1,7 @@
 #include "PdfOperators.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "FileNumber.h"
 #include "PenReach.h"
@@ -17,6 +18,14 @@ void appendPoint(std::string& content, CGPoint p) {
 }
 
 }  // namespace
+
+double visibleOpacity(const CGColor& color) {
+  return color.alpha() > 0 ? std::min(color.alpha(), 1.0) : 0;
+}
+
+double visibleOpacity(const CGStrokeStyle& style) {
+  return style.width > 0 && std::isfinite(style.width) ? visibleOpacity(style.color) : 0;
+}
 
 void appendColor(std::string& content, const CGColor& color, const char* operation) {
   for (const double component : {color.red(), color.green(), color.blue()}) {

@@ -9,7 +9,11 @@
 
 namespace vexel {
 
-/// Each of these appends operators of PDF. What they set stays set until it is set anew.
+/// How opaque what is drawn is, from 0 to 1; 0 as well for a line without a usable width.
+double visibleOpacity(const CGColor& color);
+double visibleOpacity(const CGStrokeStyle& style);
+
+/// Each of the others appends operators of PDF. What they set stays set until it is set anew.
 
 /// Components of a colour, with the operator "rg" for filling or "RG" for stroking.
 void appendColor(std::string& content, const CGColor& color, const char* operation);

@@ -1,8 +1,5 @@
 #include "PdfSymbols.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "DevicePen.h"
 #include "FileNumber.h"
 #include "PdfOperators.h"
@@ -12,10 +9,6 @@
 namespace vexel {
 
 namespace {
-
-double opacityOf(const CGColor& color) {
-  return color.alpha() > 0 ? std::min(color.alpha(), 1.0) : 0;
-}
 
 // What a style is in the file.
 struct Look {
@@ -36,10 +29,9 @@ class Looks {
 
   Look of(const CGSymbolStyle& style) {
     Look look;
-    const double fill = style.fillColor ? opacityOf(*style.fillColor) : 0;
     const CGStrokeStyle* line = style.strokeStyle;
-    const double stroke =
-        line && line->width > 0 && std::isfinite(line->width) ? opacityOf(line->color) : 0;
+    const double fill = style.fillColor ? visibleOpacity(*style.fillColor) : 0;
+    const double stroke = line ? visibleOpacity(*line) : 0;
     if (fill == 0 && stroke == 0) return look;
     look.operators = forms_.opacity(fill, stroke) + " gs\n";
     std::string drawing;
