@@ -256,7 +256,7 @@ void CairoCanvas::drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy) {
 }
 
 void CairoCanvas::paintOverPage(cairo_surface_t* pixel) {
-  if (!isDrawable()) return;
+  if (!cairo_) return;
   cairo_identity_matrix(cairo_.get());
   cairo_scale(cairo_.get(), page_.size.width, page_.size.height);
   cairo_set_source_surface(cairo_.get(), pixel, 0, 0);

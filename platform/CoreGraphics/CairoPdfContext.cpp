@@ -17,12 +17,8 @@ namespace vexel {
 
 namespace {
 
-// Cairo takes more than a microsecond for each step of a path, and some twenty for an object of its
-// own.
-constexpr std::size_t kLongPath = 64;
-// From this many on symbols are worth an object of their own.
-constexpr std::size_t kFewSymbols = 4;
-
+/// Text and images are drawn by Cairo, which knows how to embed fonts; everything between them is
+/// collected and written at once, which takes a tenth of the time.
 class CairoPdfContext final : public CairoContext<CGDocumentContext> {
  public:
   CairoPdfContext(CairoCanvas canvas, std::unique_ptr<std::string> bytes)
@@ -31,14 +27,55 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
   // What is left to write goes into the bytes while they live.
   ~CairoPdfContext() override { end(); }
 
+  void saveState() override {
+    savedClips_.push_back(clip_);
+    canvas_.saveState();
+  }
+
+  void restoreState() override {
+    if (savedClips_.empty()) return;
+    if (savedClips_.back() != clip_) show();
+    clip_ = savedClips_.back();
+    savedClips_.pop_back();
+    canvas_.restoreState();
+  }
+
+  void clip(const CGPath& path) override {
+    show();
+    clip_ = ++clips_;
+    canvas_.clip(path);
+  }
+  using CGContext::clip;
+
   void stroke(const CGPath& path, const CGStrokeStyle& style) override {
-    if (!isLong(path) || !keepsShapes(canvas_.transform())) return canvas_.stroke(path, style);
-    show(pdfStroke(path, style, canvas_, forms_));
+    if (!canvas_.isDrawable() || path.isEmpty()) return;
+    if (keepsShapes(canvas_.transform())) {
+      content_ += pdfStroke(path, style, canvas_, forms_);
+    } else {
+      show();
+      canvas_.stroke(path, style);
+    }
   }
 
   void fill(const CGPath& path, const CGColor& color) override {
-    if (!isLong(path)) return canvas_.fill(path, color);
-    show(pdfFill(path, color, canvas_, forms_));
+    if (canvas_.isDrawable()) content_ += pdfFill(path, color, canvas_, forms_);
+  }
+
+  void fillAligned(const CGRect& rect, const CGColor& color) override {
+    if (rect.isEmpty()) return;
+    CGMutablePath path;
+    path.addRect(rect);
+    fill(path, color);
+  }
+
+  void drawImage(const CGImage& image, const CGRect& rect) override {
+    show();
+    canvas_.drawImage(image, rect);
+  }
+
+  void drawText(const CGText& text, CGPoint origin) override {
+    show();
+    canvas_.drawText(text, origin);
   }
 
   void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
@@ -52,26 +89,24 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
                          std::span<const std::uint32_t> styleOfCenter,
                          std::span<const CGPoint> centers) override {
     if (!canvas_.isDrawable() || symbol.isEmpty() || centers.empty()) return;
-    const auto shape = symbolShape(symbol, canvas_.transform());
-    if (!shape || centers.size() < kFewSymbols)
-      return drawOneByOne(symbol, styles, styleOfCenter, centers);
-    show(pdfSymbols(*shape, canvas_, styles, styleOfCenter, centers, forms_));
+    if (const auto shape = symbolShape(symbol, canvas_.transform()))
+      content_ += pdfSymbols(*shape, canvas_, styles, styleOfCenter, centers, forms_);
+    else
+      drawOneByOne(symbol, styles, styleOfCenter, centers);
   }
 
   std::string finish() override {
+    show();
     end();
     if (status_ != CAIRO_STATUS_SUCCESS) throw CGContextError(cairo_status_to_string(status_));
     return forms_.insertedInto(*bytes_);
   }
 
  private:
-  bool isLong(const CGPath& path) const {
-    return canvas_.isDrawable() && path.elements().size() >= kLongPath;
-  }
-
-  void show(std::string content) {
-    if (content.empty()) return;
-    canvas_.paintOverPage(forms_.standInFor(std::move(content)).get());
+  /// What has been collected becomes part of the page.
+  void show() {
+    if (content_.empty()) return;
+    canvas_.paintOverPage(forms_.standInFor(std::exchange(content_, {})).get());
   }
 
   void drawOneByOne(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
@@ -79,7 +114,7 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
                     std::span<const CGPoint> centers) {
     for (std::size_t i = 0; i < centers.size(); ++i) {
       const CGSymbolStyle& style = styles[styleOfCenter[i]];
-      canvas_.drawSymbols(symbol, style.fillColor, style.strokeStyle, centers.subspan(i, 1));
+      CGContext::drawSymbols(symbol, style.fillColor, style.strokeStyle, centers.subspan(i, 1));
     }
   }
 
@@ -93,6 +128,10 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
 
   std::unique_ptr<std::string> bytes_;
   PdfForms forms_;
+  std::string content_;
+  // Clips by numbers, 0 for none.
+  std::size_t clip_ = 0, clips_ = 0;
+  std::vector<std::size_t> savedClips_;
   cairo_status_t status_ = CAIRO_STATUS_SUCCESS;
   bool isFinished_ = false;
 };

@@ -28,20 +28,43 @@ struct FreeCompressor {
   }
 };
 
-std::string compressed(const std::string& bytes) {
-  const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
-      libdeflate_alloc_compressor(kEffort));
-  if (!compressor) throw std::bad_alloc();
-  std::string result(libdeflate_zlib_compress_bound(compressor.get(), bytes.size()), '\0');
-  result.resize(libdeflate_zlib_compress(compressor.get(), bytes.data(), bytes.size(),
-                                         result.data(), result.size()));
-  return result;
-}
+class Compressor {
+ public:
+  Compressor() : compressor_(libdeflate_alloc_compressor(kEffort)) {
+    if (!compressor_) throw std::bad_alloc();
+  }
 
-std::string stream(const std::string& entries, const std::string& content) {
+  std::string operator()(const std::string& bytes) const {
+    std::string result(libdeflate_zlib_compress_bound(compressor_.get(), bytes.size()), '\0');
+    result.resize(libdeflate_zlib_compress(compressor_.get(), bytes.data(), bytes.size(),
+                                           result.data(), result.size()));
+    return result;
+  }
+
+ private:
+  std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor_;
+};
+
+std::string stream(const std::string& entries, const std::string& content,
+                   const Compressor& compressed) {
   const std::string data = compressed(content);
   return "<< /Type /XObject /Subtype /Form " + entries + "/Filter /FlateDecode /Length " +
          std::to_string(data.size()) + " >>\nstream\n" + data + "\nendstream\nendobj\n";
+}
+
+// A form that covers the page, made for the place of an image, which is the unit square.
+std::string form(const std::string& content, CGSize page, std::size_t resources,
+                 const Compressor& compressed) {
+  std::string entries = "/BBox [ 0 0 ";
+  appendNumber(entries, page.width, kMatrixDecimals);
+  entries += ' ';
+  appendNumber(entries, page.height, kMatrixDecimals);
+  entries += " ] /Matrix [ ";
+  appendNumber(entries, 1 / page.width, 12);
+  entries += " 0 0 ";
+  appendNumber(entries, 1 / page.height, 12);
+  entries += " 0 0 ] /Resources " + std::to_string(resources) + " 0 R ";
+  return stream(entries, content, compressed);
 }
 
 std::string object(std::size_t number) {
@@ -106,19 +129,6 @@ CairoSurfaceHandle PdfForms::standInFor(std::string content) {
   return image;
 }
 
-std::string PdfForms::form(const std::string& content, std::size_t resources) const {
-  // An image is the unit square.
-  std::string entries = "/BBox [ 0 0 ";
-  appendNumber(entries, page_.width, kMatrixDecimals);
-  entries += ' ';
-  appendNumber(entries, page_.height, kMatrixDecimals);
-  entries += " ] /Matrix [ ";
-  appendNumber(entries, 1 / page_.width, 12);
-  entries += " 0 0 ";
-  appendNumber(entries, 1 / page_.height, 12);
-  return stream(entries + " 0 0 ] /Resources " + std::to_string(resources) + " 0 R ", content);
-}
-
 std::string PdfForms::resources(std::size_t firstShape) const {
   std::string entries = "<< /XObject <<";
   for (std::size_t i = 0; i < shapes_.size(); ++i)
@@ -156,6 +166,7 @@ std::string PdfForms::insertedInto(const std::string& pdf) const {
     forms.emplace(std::prev(next)->second, content);
   }
 
+  const Compressor compressed;
   std::string result = pdf.substr(0, objects.begin()->first);
   std::vector<std::size_t> offsets(count + 1 + shapes_.size(), 0);
   for (auto at = objects.begin(); at != objects.end(); ++at) {
@@ -163,7 +174,7 @@ std::string PdfForms::insertedInto(const std::string& pdf) const {
     const std::size_t end = std::next(at) == objects.end() ? table : std::next(at)->first;
     offsets[number] = result.size();
     if (const auto found = forms.find(number); found != forms.end())
-      result += object(number) + form(contents_[found->second], count);
+      result += object(number) + form(contents_[found->second], page_, count, compressed);
     else
       result.append(pdf, offset, end - offset);
   }
@@ -172,7 +183,8 @@ std::string PdfForms::insertedInto(const std::string& pdf) const {
   for (std::size_t i = 0; i < shapes_.size(); ++i) {
     const std::size_t number = count + 1 + i;
     offsets[number] = result.size();
-    result += object(number) + stream("/BBox [ -32768 -32768 32767 32767 ] ", shapes_[i]);
+    result +=
+        object(number) + stream("/BBox [ -32768 -32768 32767 32767 ] ", shapes_[i], compressed);
   }
 
   const std::size_t newTable = result.size();

@@ -28,7 +28,6 @@ class PdfForms {
   std::string insertedInto(const std::string& pdf) const;
 
  private:
-  std::string form(const std::string& content, std::size_t resources) const;
   std::string resources(std::size_t firstShape) const;
 
   CGSize page_;

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <string_view>
 
 #include "Bitmaps.h"
@@ -159,11 +160,86 @@ TEST(CGDocumentContext, RefersToSymbolsInAPdf) {
   EXPECT_EQ(occurrences(pdfOf(centers, page), "/Subtype /Form"), 0);
   for (int i = 0; i < 50; ++i) centers.push_back({5.5 * i, 100});
   EXPECT_EQ(occurrences(pdfOf(centers, CGRect::make(10, 10, 0, 0)), "/Subtype /Form"), 0);
-  // The symbols of each call, and what they look like.
+  // What is drawn, and the two shapes that it refers to.
   const std::string file = pdfOf(centers, page);
-  EXPECT_EQ(occurrences(file, "/Subtype /Form"), 4);
+  EXPECT_EQ(occurrences(file, "/Subtype /Form"), 3);
   EXPECT_THAT(file, HasSubstr("/ca 0.5"));
   EXPECT_THAT(file, Not(HasSubstr("stands in")));
+}
+
+TEST(CGDocumentContext, CollectsDrawingOfAPdfUntilTheClipChangesOrTextComes) {
+  const auto line = [](CGContext& c) { c.stroke(linePath({10, 10}, {90, 90}), {}); };
+  const auto fill = [](CGContext& c) { c.fill(rectPath(20, 20, 50, 50), kRed); };
+  struct {
+    const char* what;
+    std::function<void(CGContext&)> draw;
+    int forms;
+  } const cases[] = {
+      {"nothing", [](CGContext&) {}, 0},
+      {"transparent drawing",
+       [](CGContext& c) {
+         c.fill(rectPath(0, 0, 9, 9), CGColor::genericGray(0, 0));
+         c.stroke(linePath({1, 1}, {2, 2}), {.width = kNaN});
+         c.stroke(linePath({kNaN, 1}, {2, 2}), {});
+       },
+       0},
+      {"drawing without an inverse",
+       [&](CGContext& c) {
+         c.scale(0, 1);
+         line(c);
+       },
+       0},
+      {"drawing before there is no inverse",
+       [&](CGContext& c) {
+         line(c);
+         c.scale(0, 1);
+       },
+       1},
+      {"states without a clip",
+       [&](CGContext& c) {
+         for (int i = 0; i < 5; ++i) {
+           const CGSavedState state(c);
+           c.translate(5, 5);
+           line(c);
+           fill(c);
+         }
+       },
+       1},
+      {"a clip in the middle",
+       [&](CGContext& c) {
+         line(c);
+         {
+           const CGSavedState state(c);
+           c.clip(CGRect::make(20, 20, 30, 30));
+           fill(c);
+         }
+         line(c);
+       },
+       3},
+      {"text in the middle",
+       [&](CGContext& c) {
+         fill(c);
+         c.drawText({{{"a"}}}, {20, 20});
+         line(c);
+         c.fillAligned(CGRect::make(5, 5, 10, 10), kRed);
+       },
+       2},
+      {"a pen that is not round",
+       [&](CGContext& c) {
+         fill(c);
+         c.scale(1, 2);
+         line(c);
+         fill(c);
+       },
+       2},
+  };
+  for (const auto& c : cases) {
+    const Document pdf = makeDocument(Format::pdf);
+    c.draw(*pdf);
+    const std::string file = pdf->finish();
+    EXPECT_EQ(occurrences(file, "/Subtype /Form"), c.forms) << c.what;
+    expectTableOfObjects(file);
+  }
 }
 
 TEST(CGDocumentContext, LeavesOutSymbolsBeyondTheClip) {
