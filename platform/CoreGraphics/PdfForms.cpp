@@ -1,9 +1,10 @@
 #include "PdfForms.h"
 
-#include <libdeflate.h>
+#include <isa-l/igzip_lib.h>
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <new>
@@ -17,36 +18,46 @@ namespace vexel {
 
 namespace {
 
-// More effort takes longer and makes files a few percent smaller.
-constexpr int kEffort = 3;
-
 constexpr std::string_view kStandIn = "stands in for ";
-
-struct FreeCompressor {
-  void operator()(libdeflate_compressor* compressor) const {
-    libdeflate_free_compressor(compressor);
-  }
-};
 
 class Compressor {
  public:
-  Compressor() : compressor_(libdeflate_alloc_compressor(kEffort)) {
-    if (!compressor_) throw std::bad_alloc();
-  }
-
-  std::string operator()(const std::string& bytes) const {
-    std::string result(libdeflate_zlib_compress_bound(compressor_.get(), bytes.size()), '\0');
-    result.resize(libdeflate_zlib_compress(compressor_.get(), bytes.data(), bytes.size(),
-                                           result.data(), result.size()));
+  std::string operator()(const std::string& bytes) {
+    isal_zstream stream;
+    isal_deflate_init(&stream);
+    stream.avail_in = 0;
+    stream.gzip_flag = IGZIP_ZLIB;
+    // More effort takes longer and makes files a few percent smaller.
+    stream.level = 1;
+    stream.level_buf = levelBuffer_.data();
+    stream.level_buf_size = static_cast<std::uint32_t>(levelBuffer_.size());
+    std::string result;
+    std::string_view rest = bytes;
+    // Counted in 32 bits there.
+    constexpr std::size_t kMost = 1 << 20;
+    while (stream.internal_state.state != ZSTATE_END) {
+      if (stream.avail_in == 0) {
+        piece_ = rest.substr(0, kMost);
+        rest.remove_prefix(piece_.size());
+        stream.next_in = reinterpret_cast<std::uint8_t*>(piece_.data());
+        stream.avail_in = static_cast<std::uint32_t>(piece_.size());
+        stream.end_of_stream = rest.empty() ? 1 : 0;
+      }
+      stream.next_out = out_.data();
+      stream.avail_out = static_cast<std::uint32_t>(out_.size());
+      isal_deflate(&stream);
+      result.append(reinterpret_cast<const char*>(out_.data()), out_.size() - stream.avail_out);
+    }
     return result;
   }
 
  private:
-  std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor_;
+  std::vector<std::uint8_t> levelBuffer_ = std::vector<std::uint8_t>(ISAL_DEF_LVL1_DEFAULT);
+  std::vector<std::uint8_t> out_ = std::vector<std::uint8_t>(1 << 16);
+  std::string piece_;
 };
 
-std::string stream(const std::string& entries, const std::string& content,
-                   const Compressor& compressed) {
+std::string stream(const std::string& entries, const std::string& content, Compressor& compressed) {
   const std::string data = compressed(content);
   return "<< /Type /XObject /Subtype /Form " + entries + "/Filter /FlateDecode /Length " +
          std::to_string(data.size()) + " >>\nstream\n" + data + "\nendstream\nendobj\n";
@@ -54,7 +65,7 @@ std::string stream(const std::string& entries, const std::string& content,
 
 // A form that covers the page, made for the place of an image, which is the unit square.
 std::string form(const std::string& content, CGSize page, std::size_t resources,
-                 const Compressor& compressed) {
+                 Compressor& compressed) {
   std::string entries = "/BBox [ 0 0 ";
   appendNumber(entries, page.width, kMatrixDecimals);
   entries += ' ';
@@ -166,7 +177,7 @@ std::string PdfForms::insertedInto(const std::string& pdf) const {
     forms.emplace(std::prev(next)->second, content);
   }
 
-  const Compressor compressed;
+  Compressor compressed;
   std::string result = pdf.substr(0, objects.begin()->first);
   std::vector<std::size_t> offsets(count + 1 + shapes_.size(), 0);
   for (auto at = objects.begin(); at != objects.end(); ++at) {
