@@ -2,7 +2,9 @@
 
 #include <CoreGraphics/CGContextError.h>
 #include <gmock/gmock.h>
+#include <isa-l/igzip_lib.h>
 
+#include <random>
 #include <string_view>
 
 #include "PdfFiles.h"
@@ -18,8 +20,8 @@ struct Example {
   PdfForms forms{{200, 100}};
   std::string file;
 
-  Example() {
-    const CairoSurfaceHandle image = forms.standInFor("0 0 10 10 re f");
+  explicit Example(const std::string& content = "0 0 10 10 re f") {
+    const CairoSurfaceHandle image = forms.standInFor(content);
     const unsigned char* data = nullptr;
     unsigned long length = 0;
     cairo_surface_get_mime_data(image.get(), CAIRO_MIME_TYPE_JPEG, &data, &length);
@@ -60,6 +62,32 @@ TEST(PdfForms, RefuseFilesThatAreNotBuiltAsKnown) {
 
 TEST(PdfForms, LeaveAFileAsItIsWithoutContent) {
   EXPECT_EQ(PdfForms({10, 10}).insertedInto("anything"), "anything");
+}
+
+TEST(PdfForms, HoldContentOfAnySize) {
+  for (const std::size_t size : {1u, 1u << 16, 1u << 20, (3u << 20) + 5}) {
+    std::string content;
+    std::mt19937 random(1);
+    while (content.size() < size) content += static_cast<char>('0' + random() % 50);
+    Example example(content);
+    const std::string file = example.forms.insertedInto(example.file);
+    const std::size_t length = file.find("/Length ") + 8;
+    const std::size_t begin = file.find("stream\n", length) + 7;
+    std::string compressed = file.substr(begin, std::stoul(file.substr(length)));
+    EXPECT_EQ(file.substr(begin + compressed.size(), 11), "\nendstream\n");
+
+    std::string result(content.size() + 1, '\0');
+    inflate_state state;
+    isal_inflate_init(&state);
+    state.crc_flag = ISAL_ZLIB;
+    state.next_in = reinterpret_cast<std::uint8_t*>(compressed.data());
+    state.avail_in = static_cast<std::uint32_t>(compressed.size());
+    state.next_out = reinterpret_cast<std::uint8_t*>(result.data());
+    state.avail_out = static_cast<std::uint32_t>(result.size());
+    EXPECT_EQ(isal_inflate(&state), ISAL_DECOMP_OK);
+    result.resize(state.total_out);
+    EXPECT_TRUE(result == content) << size;
+  }
 }
 
 TEST(PdfForms, TakeThePlaceOfTheirStandIns) {
