@@ -16,6 +16,7 @@ class CairoBitmapContext final : public CairoContext<CGBitmapContext> {
   CGFloat backingScale() const override { return backingScale_; }
   std::span<const std::uint32_t> pixels() override;
   std::string pngData() override;
+  void fillAligned(const CGRect& rect, const CGColor& color) override;
   void drawText(const CGText& text, CGPoint origin) override;
   void drawSymbols(const CGPath& symbol, const CGColor* fillColor, const CGStrokeStyle* strokeStyle,
                    std::span<const CGPoint> centers) override;

@@ -157,6 +157,15 @@ void CairoCanvas::fillAligned(const CGRect& rect, const CGColor& color) {
   cairo_fill(cairo_.get());
 }
 
+std::optional<PixelRect> CairoCanvas::alignedPixels(const CGRect& rect) const {
+  if (!isDrawable() || kind_ != Surface::pixels || !isAxisAligned()) return std::nullopt;
+  const CGRect pixels =
+      toPixelEdges(transformed(rect, state_.transform)).intersection(state_.clipBox);
+  const auto whole = [](CGFloat edge) { return static_cast<int>(std::lround(edge)); };
+  return PixelRect{whole(pixels.minX()), whole(pixels.minY()), whole(pixels.maxX()),
+                   whole(pixels.maxY())};
+}
+
 void CairoCanvas::drawImage(const CGImage& image, const CGRect& rect) {
   if (!isDrawable() || rect.isEmpty()) return;
   const CGRect box = transformed(rect, state_.transform);

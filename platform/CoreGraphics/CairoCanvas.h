@@ -3,10 +3,12 @@
 #include <cairo.h>
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include <CoreGraphics/CGContext.h>
+#include <CoreGraphics/PixelRect.h>
 
 #include "CairoHandles.h"
 #include "PlacedText.h"
@@ -34,6 +36,8 @@ class CairoCanvas {
   void stroke(const CGPath& path, const CGStrokeStyle& style);
   void fill(const CGPath& path, const CGColor& color);
   void fillAligned(const CGRect& rect, const CGColor& color);
+  /// The pixels that fillAligned() fills; absent when it does not fill whole ones.
+  std::optional<PixelRect> alignedPixels(const CGRect& rect) const;
   void drawImage(const CGImage& image, const CGRect& rect);
   void drawText(const CGText& text, CGPoint origin);
 

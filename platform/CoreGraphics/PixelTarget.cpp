@@ -64,6 +64,18 @@ void PixelTarget::blend(const PixelRect& box, const std::uint32_t* pixels) {
     pixelsOver(pixels, row(v) + box.left, box.width());
 }
 
+bool PixelTarget::fill(const PixelRect& box, std::uint32_t pixel) {
+  if (whole_ != touched_) return false;
+  const PixelRect visible = clip();
+  const int left = std::max(box.left, visible.left);
+  const int right = std::min(box.right, visible.right);
+  const int bottom = std::min(box.bottom, visible.bottom);
+  if (left >= right) return true;
+  for (int v = std::max(box.top, visible.top); v < bottom; ++v)
+    std::fill(row(v) + left, row(v) + right, pixel);
+  return true;
+}
+
 void PixelTarget::prefetch(int x, int y, int reach) const {
   if (x < touched_.left || x >= touched_.right) return;
   const int end = std::min(y + reach, touched_.bottom);

@@ -61,6 +61,10 @@ class PixelTarget {
   /// Lays premultiplied pixels over a box in device coordinates, inside clip().
   void blend(const PixelRect& box, const std::uint32_t* pixels);
 
+  /// Sets the pixels of a box to one value. False, and nothing is drawn, when the clip leaves only
+  /// a part of some pixels.
+  bool fill(const PixelRect& box, std::uint32_t pixel);
+
   /// Asks the memory for the pixels up to `reach` around (x, y), which will be needed soon.
   void prefetch(int x, int y, int reach) const;
 

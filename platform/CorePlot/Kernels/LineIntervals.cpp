@@ -16,19 +16,16 @@ constexpr float kInvisibleGap = 1.0F / 64;
 LineIntervals::LineIntervals(int lineCount)
     : first_(static_cast<std::size_t>(lineCount)), mergeAt_(kMergeAt) {}
 
-void LineIntervals::add(int line, float low, float high) {
-  if (!(low < high)) return;
+void LineIntervals::addOther(int line, float low, float high) {
   Interval& interval = first_[static_cast<std::size_t>(line)];
-  if (!(interval.low < interval.high)) {
-    interval = {low, high};
-  } else if (low <= interval.high && high >= interval.low) {
+  if (low <= interval.high && high >= interval.low) {
     interval = {std::min(low, interval.low), std::max(high, interval.high)};
-  } else {
-    others_.push_back({line, low, high});
-    if (others_.size() >= mergeAt_) {
-      mergeOthers();
-      mergeAt_ = std::max(kMergeAt, 2 * others_.size());
-    }
+    return;
+  }
+  others_.push_back({line, low, high});
+  if (others_.size() >= mergeAt_) {
+    mergeOthers();
+    mergeAt_ = std::max(kMergeAt, 2 * others_.size());
   }
 }
 

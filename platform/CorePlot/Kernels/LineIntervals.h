@@ -14,7 +14,14 @@ class LineIntervals {
   int lineCount() const { return static_cast<int>(first_.size()); }
 
   /// Covers low to high on a line as well. Nothing when high is not above low.
-  void add(int line, float low, float high);
+  void add(int line, float low, float high) {
+    if (!(low < high)) return;
+    Interval& interval = first_[static_cast<std::size_t>(line)];
+    if (interval.low < interval.high)
+      addOther(line, low, high);
+    else
+      interval = {low, high};
+  }
 
   /// Merges what overlaps; to be called once, after all add() and before visit().
   void finish();
@@ -41,6 +48,7 @@ class LineIntervals {
     float high;
   };
 
+  void addOther(int line, float low, float high);
   void mergeOthers();
 
   std::vector<Interval> first_;

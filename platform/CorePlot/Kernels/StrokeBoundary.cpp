@@ -8,6 +8,8 @@ namespace vexel {
 
 namespace {
 
+// Where there are fewer points it is quicker to look for them.
+constexpr int kSlotsOfSparsePoint = 6;
 constexpr float kNowhere = -std::numeric_limits<float>::infinity();
 
 }  // namespace
@@ -24,6 +26,7 @@ StrokeBoundary::StrokeBoundary(int slotCount, int slotsPerPixel, double radius)
 
 void StrokeBoundary::setPoint(int slot, CGPoint point) {
   const auto i = static_cast<std::size_t>(slot);
+  ++pointCount_;
   pointY_[i] = static_cast<float>(point.y);
   pointX_[i] = static_cast<float>(point.x - (slot + 0.5) * slotWidth_);
 }
@@ -38,20 +41,30 @@ void StrokeBoundary::addLine(CGPoint from, CGPoint to, int begin, int end) {
 }
 
 void StrokeBoundary::addPens(int firstSlot, int lastSlot) {
+  const bool isSparse = pointCount_ < (lastSlot - firstSlot) / kSlotsOfSparsePoint;
+  pointCount_ = 0;
+  if (!isSparse) {
+    for (int offset = -reach_; offset <= reach_; ++offset) addPensAt(offset, firstSlot, lastSlot);
+    return;
+  }
+  for (int slot = firstSlot; slot <= lastSlot; ++slot)
+    if (pointY_[static_cast<std::size_t>(slot)] != kNowhere)
+      for (int offset = -reach_; offset <= reach_; ++offset) addPensAt(offset, slot, slot);
+}
+
+void StrokeBoundary::addPensAt(int offset, int firstSlot, int lastSlot) {
   const auto squaredRadius = static_cast<float>(radius_ * radius_);
+  const auto shift = static_cast<float>(offset * slotWidth_);
   const float* const pointX = pointX_.data();
   const float* const pointY = pointY_.data();
   float* const boundary = boundary_.data();
-  for (int offset = -reach_; offset <= reach_; ++offset) {
-    const int begin = std::max(firstSlot, offset);
-    const int end = std::min(lastSlot, slotCount_ - 1 + offset);
-    const auto shift = static_cast<float>(offset * slotWidth_);
-    for (int i = begin; i <= end; ++i) {
-      const float distance = pointX[i] + shift;
-      const float rest = squaredRadius - distance * distance;
-      const float reached = pointY[i] + std::sqrt(std::max(rest, 0.0F));
-      boundary[i - offset] = std::max(boundary[i - offset], rest >= 0 ? reached : kNowhere);
-    }
+  const int begin = std::max(firstSlot, offset);
+  const int end = std::min(lastSlot, slotCount_ - 1 + offset);
+  for (int i = begin; i <= end; ++i) {
+    const float distance = pointX[i] + shift;
+    const float rest = squaredRadius - distance * distance;
+    const float reached = pointY[i] + std::sqrt(std::max(rest, 0.0F));
+    boundary[i - offset] = std::max(boundary[i - offset], rest >= 0 ? reached : kNowhere);
   }
 }
 

@@ -46,12 +46,16 @@ class StrokeBoundary {
   }
 
   void addLine(CGPoint from, CGPoint to, int begin, int end);
+  /// The pens around the points of a range of slots, as far as they reach the slots `offset`
+  /// before.
+  void addPensAt(int offset, int firstSlot, int lastSlot);
 
   int slotCount_;
   double slotsPerPixel_;
   double slotWidth_;  // in pixels
   double radius_;
   int reach_;
+  int pointCount_ = 0;
   std::vector<float> pointY_;
   std::vector<float> pointX_;  // from the slot's middle
   std::vector<float> boundary_;
