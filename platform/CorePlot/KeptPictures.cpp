@@ -106,7 +106,8 @@ void KeptPictures::draw(const ChartParts& parts, const CPTBorderedLayer* rounded
   const std::size_t kept = lower_.empty() ? 0 : lower_.back().owners.size();
   const std::size_t wanted =
       clean == 0 && !changedAgain ? text : drawing.notAmidApart(std::min(clean, text));
-  const bool worthKeeping = wanted > kept && (kept == 0 || changedAgain);
+  // A background alone is drawn in less time than a picture of it.
+  const bool worthKeeping = wanted > 1 && wanted > kept && (kept == 0 || changedAgain);
   auto layer = worthKeeping ? context.makeLayer(bounds) : nullptr;
   if (!layer) {
     if (kept > 0) context.drawLayer(*lower_.back().layer);

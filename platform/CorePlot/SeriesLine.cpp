@@ -19,6 +19,9 @@ namespace {
 // Records that lie closer to each other are replaced by their lowest and highest, in points of a
 // path and in pixels.
 constexpr double kNarrow = 1.0 / 16;
+// So many records in a narrow part, on average, are worth replacing.
+constexpr double kWorthReplacing = 6;
+constexpr std::size_t kMostReserved = 1 << 17;
 // A step is late by as much as that: an error that a line between the extremes does not make.
 constexpr double kNarrowSteps = kNarrow / 4;
 // No point that a thinned line leaves out was farther from it than this, in points.
@@ -42,7 +45,10 @@ bool isFinite(CGPoint p) {
 /// Gathers the corners of a line through points.
 class Corners {
  public:
-  explicit Corners(CPTScatterPlotInterpolation interpolation) : interpolation_(interpolation) {}
+  Corners(CPTScatterPlotInterpolation interpolation, std::size_t reserved)
+      : interpolation_(interpolation) {
+    corners_.reserve(reserved);
+  }
 
   void add(CGPoint b) {
     if (interpolation_ != CPTScatterPlotInterpolation::linear && !corners_.empty()) {
@@ -83,16 +89,19 @@ std::vector<CGPoint> corners(const SeriesLine& line, std::pair<std::size_t, std:
   const bool isLogarithmic = line.xScale.logarithmic;
   const double step = line.records.isAscending() == (line.xScale.length > 0) ? narrow : -narrow;
   const double part = step / (line.xScale.extent * std::abs(transform.a));
-  double width = isLogarithmic ? line.xScale.value(part * line.xScale.extent) / line.xScale.location
-                               : part * line.xScale.length;
-  if (!isSorted(line.records)) width = std::nan("");
+  const double width = isLogarithmic
+                           ? line.xScale.value(part * line.xScale.extent) / line.xScale.location
+                           : part * line.xScale.length;
   const auto narrowEnd = [=](double from) { return isLogarithmic ? from * width : from + width; };
   const double floor = line.yScale.logarithmic ? 0 : -std::numeric_limits<double>::infinity();
-  Corners result(line.interpolation);
-  line.records.visitOutline(records.first, records.second, floor, narrowEnd,
-                            [&](double px, double py) {
-                              result.add({x(px), y(py)});
-                            });
+  const std::size_t count = records.second - records.first;
+  Corners result(line.interpolation, std::min(count, kMostReserved));
+  const auto add = [&](double px, double py) { result.add({x(px), y(py)}); };
+  const double recordsInPart = static_cast<double>(count) * std::abs(part);
+  if (isSorted(line.records) && recordsInPart >= kWorthReplacing)
+    line.records.visitOutline(records.first, records.second, floor, narrowEnd, add);
+  else
+    line.records.visit(records.first, records.second, add);
   return result.take();
 }
 

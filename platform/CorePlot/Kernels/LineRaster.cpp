@@ -54,14 +54,11 @@ class StrokeIntervals {
     for (; point != end; ++point) {
       if (!(point->x >= x && point->x < slotEnd && std::abs(point->y) <= kFar)) break;
       x = point->x;
-      if (point->y < low) {
-        low = point->y;
-        lowest = point;
-      }
-      if (point->y > high) {
-        high = point->y;
-        highest = point;
-      }
+      // Without branches, which nobody could predict.
+      lowest = point->y < low ? point : lowest;
+      highest = point->y > high ? point : highest;
+      low = std::min(low, point->y);
+      high = std::max(high, point->y);
     }
 
     if (isEmpty_) firstSlot_ = slot;

@@ -14,8 +14,8 @@
 namespace vexel {
 
 /// The lowest and highest y of a series of samples over any part of it, without looking at them
-/// all: extremes and first x per leaf of 64 samples, extremes of 4 leaves, 16 leaves and so on,
-/// which is 4 % of the data. Samples whose x or y is not finite are gaps: they have no extremes and
+/// all: extremes and first x per leaf of 32 samples, extremes of 4 leaves, 16 leaves and so on,
+/// which is 7 % of the data. Samples whose x or y is not finite are gaps: they have no extremes and
 /// are known to be there.
 ///
 /// The samples are borrowed: they must stay, unchanged, as long as the index is used.
@@ -27,6 +27,10 @@ class RangeIndex {
     double highest = -std::numeric_limits<double>::infinity();
 
     bool isEmpty() const { return lowest > highest; }
+    void add(const Extremes& other) {
+      lowest = std::min(lowest, other.lowest);
+      highest = std::max(highest, other.highest);
+    }
     /// Takes in a number that is finite and above the floor.
     void add(double number, double floor) {
       if (!(number > floor && number <= std::numeric_limits<double>::max())) return;
@@ -90,12 +94,14 @@ class RangeIndex {
     last = std::min(last, count());
     if (first >= last) return;
     const std::size_t top = levels_.size() - 1;
+    NarrowPart narrow;
     for (std::size_t i = 0; i < levels_[top].size(); ++i)
-      visitNode({top, i}, first, last, floor, narrowEnd, point);
+      visitNode({top, i}, first, last, floor, narrowEnd, narrow, point);
+    give(narrow, point);
   }
 
  private:
-  static constexpr std::size_t kLeafSize = 64;
+  static constexpr std::size_t kLeafSize = 32;
   static constexpr std::size_t kFanOut = 4;
   static constexpr std::size_t kShortestBlock = 12;
 
@@ -122,14 +128,27 @@ class RangeIndex {
   void addExtremes(Place node, std::size_t first, std::size_t last, Extremes& found) const;
 
   bool isBefore(double x, double end) const { return isAscending_ ? x < end : x > end; }
-  /// The first x of a leaf, or the last of all when there is no such leaf.
-  double leafX(std::size_t leaf) const { return leaf < leafX_.size() ? leafX_[leaf] : lastX_; }
-  double leafY(std::size_t leaf) const { return leaf < leafY_.size() ? leafY_[leaf] : lastY_; }
+  /// The first sample of a leaf, or the last of all when there is no such leaf.
+  CGPoint leafStart(std::size_t leaf) const {
+    return leaf < leafX_.size() ? CGPoint{leafX_[leaf], leafY_[leaf]} : CGPoint{lastX_, lastY_};
+  }
 
-  /// Gives the extremes of a part between its first sample and the one behind it, or its last one:
-  /// at the ends where they lie there, as on a slope, otherwise in the middle.
+  /// Neighbouring leaves that are narrow together, and the first sample behind them.
+  struct NarrowPart {
+    CGPoint first;
+    CGPoint next;
+    Extremes extremes;
+
+    bool isEmpty() const { return extremes.isEmpty(); }
+  };
+
+  /// Gives the extremes of a part, at its ends where they lie there, as on a slope, otherwise in
+  /// the middle. The part is empty afterwards.
   template <class Point>
-  void replacePart(CGPoint first, CGPoint next, const Extremes& extremes, Point&& point) const {
+  void give(NarrowPart& part, Point&& point) const {
+    if (part.isEmpty()) return;
+    const auto [first, next, extremes] = part;
+    part = {};
     const double middle = first.x / 2 + next.x / 2;
     const auto place = [&](double extreme, bool isBeyond) {
       return extreme == first.y ? first.x : isBeyond ? next.x : middle;
@@ -144,7 +163,7 @@ class RangeIndex {
 
   template <class NarrowEnd, class Point>
   void visitNode(Place node, std::size_t first, std::size_t last, double floor,
-                 NarrowEnd&& narrowEnd, Point&& point) const {
+                 NarrowEnd&& narrowEnd, NarrowPart& narrow, Point&& point) const {
     const std::size_t samples = samplesPerNode(node.level);
     const std::size_t begin = node.index * samples;
     const std::size_t end = std::min(begin + samples, count());
@@ -152,18 +171,26 @@ class RangeIndex {
 
     const Level& level = levels_[node.level];
     const Extremes& extremes = level.extremes[node.index];
-    const double x0 = leafX(begin / kLeafSize);
-    const double x1 = leafX((begin + samples) / kLeafSize);
+    const std::size_t leaf = begin / kLeafSize;
+    const CGPoint from = leafStart(leaf);
+    const CGPoint next = leafStart(leaf + samples / kLeafSize);
     if (begin >= first && end <= last && !level.hasGap[node.index] && extremes.lowest > floor &&
-        isBefore(x1, narrowEnd(x0))) {
-      const std::size_t leaf = begin / kLeafSize;
-      replacePart({x0, leafY(leaf)}, {x1, leafY(leaf + samples / kLeafSize)}, extremes, point);
+        isBefore(next.x, narrowEnd(from.x))) {
+      // Parts of the full width would place their extremes less well than leaves do on average.
+      const double reserve = (next.x - narrow.first.x) / 3;
+      if (narrow.isEmpty() || !isBefore(next.x + reserve, narrowEnd(narrow.first.x))) {
+        give(narrow, point);
+        narrow.first = from;
+      }
+      narrow.extremes.add(extremes);
+      narrow.next = next;
     } else if (node.level > 0) {
       const std::size_t child = node.index * kFanOut;
       const std::size_t children = std::min(kFanOut, levels_[node.level - 1].size() - child);
       for (std::size_t i = 0; i < children; ++i)
-        visitNode({node.level - 1, child + i}, first, last, floor, narrowEnd, point);
+        visitNode({node.level - 1, child + i}, first, last, floor, narrowEnd, narrow, point);
     } else {
+      give(narrow, point);
       visitLeaf(std::max(begin, first), std::min(end, last), floor, narrowEnd, point);
     }
   }
