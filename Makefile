@@ -2,13 +2,14 @@
 PRESETS := release debug asan tsan coverage
 EXPLORER := build/release/examples/impact-explorer/impact-explorer
 
-.PHONY: help demo test check format setup setup-check headers tidy \
+.PHONY: help demo test check bench format setup setup-check headers tidy \
         $(PRESETS:%=build-%) $(PRESETS:%=test-%)
 
 help:
 	@echo "make demo     draw the example figures into build/demo/, and open a window if there is a display"
 	@echo "make test     build and run the tests"
 	@echo "make check    all that a change has to pass; the tests are a part of it"
+	@echo "make bench    time complete figures; docs/performance.md says how they compare"
 	@echo "make format   put the sources into the common format"
 	@echo "build-PRESET and test-PRESET exist for the presets $(PRESETS);"
 	@echo "tsan builds and runs what has to do with threads."
@@ -33,6 +34,14 @@ test: test-release
 check: setup-check
 	@tools/check-tree
 	@$(MAKE) --no-print-directory test-release headers tidy test-asan
+
+bench: build/release/build.ninja
+	@dpkg -s libbenchmark-dev >/dev/null 2>&1 || { echo "bench: libbenchmark-dev is missing" >&2; exit 1; }
+	@cmake --preset release -DVEXEL_BENCHMARKS=ON >/dev/null
+	@cmake --build --preset release --target scenes
+	@for scene in "W1 1e4" "W1 1e5" "W1 1e6" "W1 1e7" "W2 1e3" "W2 1e4" "W2 1e5" "W2 1e6" "W3" \
+	  "W4 1e6" "W4 1e7" "W6 1e3" "W6 1e7" "many 1000" "append 1e7"; do \
+	  build/release/benchmarks/scenes $$scene || exit; done
 
 format: setup-check
 	@git ls-files '*.h' '*.cpp' | xargs clang-format -i
