@@ -22,6 +22,11 @@ function(vexel_warnings target)
   endif()
 endfunction()
 
+# What is not marked with VEXEL_API is no symbol of the shared library.
+function(vexel_hide_symbols target)
+  set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
+
 function(vexel_layer folder)
   cmake_parse_arguments(ARG "" "" "LINKS;PRIVATE" ${ARGN})
   get_filename_component(name ${folder} NAME)
@@ -30,6 +35,7 @@ function(vexel_layer folder)
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/include
                                      PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE})
+  vexel_hide_symbols(${name})
   vexel_warnings(${name})
   if(VEXEL_DEVELOPER)
     vexel_lone_headers(${name} ${folder})

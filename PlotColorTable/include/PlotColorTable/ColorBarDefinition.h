@@ -6,13 +6,14 @@
 
 #include <CorePlot/CPTColorList.h>
 #include <Foundation/NSFormatter.h>
+#include <Foundation/VexelAPI.h>
 #include <PlotColorTable/PlotCT.h>
 
 namespace vexel {
 
 /// What a colour bar shows. A value; two are equal when all fields are, formatters when they are
 /// the same object.
-struct ColorBarDefinition {
+struct VEXEL_API ColorBarDefinition {
   enum class AxisType {
     /// Classes of a discrete quantity: no bar is drawn.
     discrete,

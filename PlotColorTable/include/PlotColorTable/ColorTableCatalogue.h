@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <CoreGraphics/CGSize.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -20,10 +21,10 @@ using ColorTableFamily = std::map<std::int64_t, ColorTable>;
 // The catalogue, compiled in. Each family is made when it is first asked for, by whatever thread,
 // never changes after that and lives as long as the process.
 
-const ColorTableFamily& idlColorTables();
-const ColorTableFamily& gmtColorTables();
-const ColorTableFamily& brewerColorTables();
-const ColorTableFamily& qormColorTables();
-const ColorTableFamily& xanColorTables();
+VEXEL_API const ColorTableFamily& idlColorTables();
+VEXEL_API const ColorTableFamily& gmtColorTables();
+VEXEL_API const ColorTableFamily& brewerColorTables();
+VEXEL_API const ColorTableFamily& qormColorTables();
+VEXEL_API const ColorTableFamily& xanColorTables();
 
 }  // namespace vexel

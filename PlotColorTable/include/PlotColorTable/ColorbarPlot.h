@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include <Foundation/VexelAPI.h>
 #include <PlotColorTable/ColorBarDefinition.h>
 #include <PlotColorTable/SymbolColorCode.h>
 #include <Vexel/AdopterState.h>
@@ -17,7 +18,7 @@ namespace vexel {
 /// resized. A change of the quantity is seen at the next setViews and set(frameSize).
 ///
 /// What is missing (host, view, graph) ends an operation where it is needed, without a message.
-class ColorbarPlot : public virtual Vexel {
+class VEXEL_API ColorbarPlot : public virtual Vexel {
  public:
   // The adopter's own part
 
@@ -59,7 +60,8 @@ class ColorbarPlot : public virtual Vexel {
 };
 
 template <>
-class AdopterState<ColorbarPlot> : public virtual ColorbarPlot, public virtual AdopterState<Vexel> {
+class VEXEL_API AdopterState<ColorbarPlot> : public virtual ColorbarPlot,
+                                             public virtual AdopterState<Vexel> {
  public:
   std::shared_ptr<CPTGraphHostingView>& colorbarView() override { return colorbarView_; }
   std::shared_ptr<CPTXYGraph>& colorbarGraph() override { return colorbarGraph_; }

@@ -11,6 +11,7 @@
 #include <AppKit/NSImage.h>
 #include <CoreGraphics/CGColor.h>
 #include <CorePlot/CPTColor.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -22,7 +23,7 @@ namespace vexel {
 ///
 /// A value that holds a raw value outside its cases is a broken invariant: using it is a fatal
 /// error.
-class PlotCT {
+class VEXEL_API PlotCT {
  public:
   enum Case : std::uint8_t {
     idlBWLinear = 0,

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include <Foundation/VexelAPI.h>
 #include <PlotColorTable/ColorBarDefinition.h>
 #include <PlotColorTable/PlotCT.h>
 #include <PlotColorTable/SymbolValues.h>
@@ -14,7 +15,7 @@ namespace vexel {
 ///
 /// A value that holds a raw value outside its cases is a broken invariant: asking it for its raw
 /// value or for colours is a fatal error.
-class SymbolColorCode {
+class VEXEL_API SymbolColorCode {
  public:
   enum Case : std::uint8_t {
     none = 0,

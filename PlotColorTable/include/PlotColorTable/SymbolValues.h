@@ -6,12 +6,14 @@
 #include <optional>
 #include <span>
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// The values of plotted points, one each, lent for a call: doubles side by side, or objects of any
 /// type, normally numbers. Made from any contiguous range of double or std::any; it does not own
 /// them.
-class SymbolValues {
+class VEXEL_API SymbolValues {
  public:
   SymbolValues() = default;
   template <class Range>

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include <CorePlot/CPTPlotSymbol.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -12,7 +13,7 @@ namespace vexel {
 ///
 /// A symbol that holds a raw value outside its cases is a broken invariant: asking it for
 /// its raw value or plot symbol is a fatal error.
-class PlotSymbol {
+class VEXEL_API PlotSymbol {
  public:
   enum Case : std::uint8_t {
     circle = 0,

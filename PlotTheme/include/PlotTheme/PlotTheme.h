@@ -9,6 +9,7 @@
 #include <AppKit/NSColor.h>
 #include <CorePlot/CPTColor.h>
 #include <CorePlot/CPTTheme.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -18,7 +19,7 @@ namespace vexel {
 ///
 /// A theme that holds a raw value outside its cases is a broken invariant: asking it for any
 /// property is a fatal error.
-class PlotTheme {
+class VEXEL_API PlotTheme {
  public:
   enum Case : std::int64_t { black = 0, white = 1, print = 2 };
 

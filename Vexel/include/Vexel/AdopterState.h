@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <Foundation/VexelAPI.h>
 #include <Vexel/Vexel.h>
 
 namespace vexel {
@@ -14,7 +15,7 @@ template <class Protocol>
 class AdopterState;
 
 template <>
-class AdopterState<Vexel> : public virtual Vexel {
+class VEXEL_API AdopterState<Vexel> : public virtual Vexel {
  public:
   std::shared_ptr<NSView>& plotView() override { return plotView_; }
   std::vector<std::shared_ptr<CPTGraphHostingView>>& hostingViews() override {

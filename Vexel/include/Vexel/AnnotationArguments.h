@@ -8,12 +8,13 @@
 #include <AppKit/NSColor.h>
 #include <CorePlot/CPTColor.h>
 #include <CorePlot/CPTXYGraph.h>
+#include <Foundation/VexelAPI.h>
 #include <Vexel/Argument.h>
 
 namespace vexel {
 
 /// Where a plain text stands on a graph and what it looks like.
-struct AnnotationArguments {
+struct VEXEL_API AnnotationArguments {
   /// Null: nothing is added.
   Argument<std::shared_ptr<CPTXYGraph>> graph;
   /// x, y in plot-space units; comes before anchorPointNormal.
@@ -33,7 +34,7 @@ struct AnnotationArguments {
 };
 
 /// Where an attributed text stands on a graph; as in AnnotationArguments.
-struct AttributedAnnotationArguments {
+struct VEXEL_API AttributedAnnotationArguments {
   Argument<std::shared_ptr<CPTXYGraph>> graph;
   std::optional<std::vector<float>> anchorPlotPoint = std::nullopt;
   std::optional<std::vector<double>> anchorPointNormal = std::nullopt;

@@ -4,6 +4,8 @@
 #include <type_traits>
 #include <utility>
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 template <class T>
@@ -19,7 +21,7 @@ concept ArgumentValue =
 /// A labelled argument that has to be given: without a default value, an aggregate of arguments
 /// that leaves it out does not compile.
 template <class T>
-class Argument {
+class VEXEL_API Argument {
  public:
   /// Numbers are rounded to T.
   template <ArgumentValue<T> Value>

@@ -10,6 +10,7 @@
 #include <CorePlot/CPTAxisLabel.h>
 #include <CorePlot/CPTConstraints.h>
 #include <Foundation/NSFormatter.h>
+#include <Foundation/VexelAPI.h>
 #include <Vexel/Argument.h>
 
 namespace vexel {
@@ -17,7 +18,7 @@ namespace vexel {
 /// What the vertical axis of a graph looks like. Ranges are in data units, lower end first;
 /// lengths in points.
 template <std::floating_point Number>
-struct YAxisArguments {
+struct VEXEL_API YAxisArguments {
   /// Absent: the axis has no title.
   std::optional<std::string> title = std::nullopt;
   /// Absent: the chart engine's default.
@@ -50,7 +51,7 @@ struct YAxisArguments {
 };
 
 /// What the horizontal axis of a graph looks like.
-struct XAxisArguments {
+struct VEXEL_API XAxisArguments {
   /// Replaced by the time title on a time axis. Absent: stays as it is.
   std::optional<std::string> title = std::nullopt;
   /// Absent: the chart engine's default.

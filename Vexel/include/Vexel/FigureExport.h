@@ -5,13 +5,14 @@
 #include <string>
 
 #include <AppKit/NSView.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A figure that cannot be written: the file's type is unknown, its place cannot be written to,
 /// or the surface cannot be made. The text names the file. What was there before is still there,
 /// whole, and no other file is left behind.
-class FigureExportError : public std::runtime_error {
+class VEXEL_API FigureExportError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
@@ -20,13 +21,14 @@ class FigureExportError : public std::runtime_error {
 /// says: .png at one pixel per point, .pdf or .svg. A file of the name is replaced as a whole, or
 /// not at all. Equal figures give equal bytes. What needed display on the screen still does.
 /// Throws FigureExportError.
-void exportFigure(NSView& view, const std::filesystem::path& file);
+VEXEL_API void exportFigure(NSView& view, const std::filesystem::path& file);
 
 /// The same with so many pixels per point in a .png; the vector formats do not use it.
-void exportFigure(NSView& view, const std::filesystem::path& file, CGFloat backingScale);
+VEXEL_API void exportFigure(NSView& view, const std::filesystem::path& file, CGFloat backingScale);
 
 /// What a file would hold that is called so; only the extension of `name` counts. Throws
 /// FigureExportError.
-std::string figureData(NSView& view, const std::filesystem::path& name, CGFloat backingScale);
+VEXEL_API std::string figureData(NSView& view, const std::filesystem::path& name,
+                                 CGFloat backingScale);
 
 }  // namespace vexel

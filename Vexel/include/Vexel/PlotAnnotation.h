@@ -10,6 +10,7 @@
 #include <CorePlot/CPTPlotSpaceAnnotation.h>
 #include <CorePlot/CPTXYGraph.h>
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 #include <Vexel/Argument.h>
 
 namespace vexel {
@@ -17,7 +18,7 @@ namespace vexel {
 /// A text that can be put on a graph, re-labelled and moved. It remembers its anchor, text and
 /// style and the last place where it was put. A changed property is seen at the next annotate();
 /// a changed location also by updateLocation().
-class PlotAnnotation : public virtual NSObject {
+class VEXEL_API PlotAnnotation : public virtual NSObject {
  public:
   /// The side on which the text stands, as its displacement from the anchor. Of a text w points
   /// wide and h high the centre is moved by

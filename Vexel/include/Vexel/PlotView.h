@@ -1,12 +1,13 @@
 #pragma once
 
 #include <AppKit/NSView.h>
+#include <Foundation/VexelAPI.h>
 #include <Vexel/PlotViewDelegate.h>
 
 namespace vexel {
 
 /// The view that hosts a figure. It reports every size that it is set to.
-class PlotView : public NSView {
+class VEXEL_API PlotView : public NSView {
  public:
   explicit PlotView(CGRect frame = {}) : NSView(frame) {}
 

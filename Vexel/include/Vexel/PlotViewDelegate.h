@@ -2,11 +2,12 @@
 
 #include <CoreGraphics/CGSize.h>
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Hears of the new sizes of a PlotView.
-class PlotViewDelegate : public virtual NSObject {
+class VEXEL_API PlotViewDelegate : public virtual NSObject {
  public:
   /// Called after the view took the size, in points.
   virtual void setFrameSize(CGSize size) = 0;

@@ -8,6 +8,7 @@
 #include <AppKit/NSColor.h>
 #include <CorePlot/CPTColor.h>
 #include <CorePlot/CPTXYGraph.h>
+#include <Foundation/VexelAPI.h>
 #include <Vexel/Argument.h>
 
 namespace vexel {
@@ -15,7 +16,7 @@ namespace vexel {
 /// A series of lines or circles, coloured by `Color`, which is CPTColor or NSColor. Lengths are
 /// in points, angles in radians.
 template <class Color>
-struct ColoredPlotArguments {
+struct VEXEL_API ColoredPlotArguments {
   /// Null: nothing is added.
   Argument<std::shared_ptr<CPTXYGraph>> to;
   Argument<std::string> identifiedBy;
@@ -42,7 +43,7 @@ using CPTColorPlotArguments = ColoredPlotArguments<CPTColor>;
 using NSColorPlotArguments = ColoredPlotArguments<NSColor>;
 
 /// A series in the theme's foreground.
-struct PlotArguments {
+struct VEXEL_API PlotArguments {
   Argument<std::shared_ptr<CPTXYGraph>> to;
   Argument<std::string> identifiedBy;
   Argument<float> lineWidth;
@@ -57,7 +58,7 @@ struct PlotArguments {
 };
 
 /// A series of bars. Colours are names as Vexel::getCPTColor knows them.
-struct BarPlotArguments {
+struct VEXEL_API BarPlotArguments {
   /// Null: nothing is added.
   Argument<std::shared_ptr<CPTXYGraph>> to;
   Argument<std::string> identifiedBy;

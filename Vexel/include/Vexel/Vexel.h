@@ -14,6 +14,7 @@
 #include <CorePlot/CPTPlotDataSource.h>
 #include <CorePlot/CPTScatterPlot.h>
 #include <CorePlot/CPTXYGraph.h>
+#include <Foundation/VexelAPI.h>
 #include <PlotTheme/PlotTheme.h>
 #include <Vexel/AnnotationArguments.h>
 #include <Vexel/AxisArguments.h>
@@ -34,7 +35,7 @@ namespace vexel {
 /// A class that replaces one form of an overloaded operation brings the others back with a
 /// using declaration. Protocols that refine this one inherit it virtually, so that one object can
 /// adopt several.
-class Vexel : public CPTPlotDataSource {
+class VEXEL_API Vexel : public CPTPlotDataSource {
  public:
   using ViewConstraints = std::map<std::string, std::shared_ptr<NSLayoutConstraint>>;
 

@@ -10,6 +10,7 @@
 #include <CorePlot/CPTAxisLabel.h>
 #include <CorePlot/CPTTextLayer.h>
 #include <Foundation/NSNumber.h>
+#include <Foundation/VexelAPI.h>
 #include <Vexel/Argument.h>
 
 namespace vexel {
@@ -17,7 +18,7 @@ namespace vexel {
 /// A mark over a plot: a symbol or label at a point, a line through it, or a box. A value that
 /// knows no graph; the points, text layers and axis labels made from it are given to plots, axes
 /// and annotations by whoever draws it. Coordinates are in data units.
-class PlotMarker {
+class VEXEL_API PlotMarker {
  public:
   enum class MarkerType { symbol, label, verticalLine, horizontalLine, box };
 

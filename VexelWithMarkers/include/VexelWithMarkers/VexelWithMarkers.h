@@ -5,6 +5,7 @@
 
 #include <AppKit/NSEvent.h>
 #include <CorePlot/CPTXYGraph.h>
+#include <Foundation/VexelAPI.h>
 #include <Vexel/AdopterState.h>
 #include <Vexel/Vexel.h>
 
@@ -23,7 +24,7 @@ namespace vexel {
 /// horizontal one between the first two of `yRange` times `yScale`. Fewer values than it takes to
 /// compare are a fatal error, after the position as it came was stored: the adopter fills
 /// auxiliaryValues, which initialisation empties, before the first vertical marker.
-class VexelWithMarkers : public virtual Vexel {
+class VEXEL_API VexelWithMarkers : public virtual Vexel {
  public:
   static constexpr const char* kVerticalMarker = "Vertical Marker";
   static constexpr const char* kHorizontalMarker = "Horizontal Marker";
@@ -74,8 +75,8 @@ class VexelWithMarkers : public virtual Vexel {
 };
 
 template <>
-class AdopterState<VexelWithMarkers> : public virtual VexelWithMarkers,
-                                       public virtual AdopterState<Vexel> {
+class VEXEL_API AdopterState<VexelWithMarkers> : public virtual VexelWithMarkers,
+                                                 public virtual AdopterState<Vexel> {
  public:
   double& verticalMarkerX() override { return verticalMarkerX_; }
   float& horizontalMarkerY() override { return horizontalMarkerY_; }

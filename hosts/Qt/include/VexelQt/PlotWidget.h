@@ -2,6 +2,7 @@
 
 #include <AppKit/NSView.h>
 #include <AppKit/NSWindow.h>
+#include <Foundation/VexelAPI.h>
 
 #include <QImage>
 #include <QMimeData>
@@ -27,7 +28,7 @@ namespace vexel {
 ///
 /// Views that draw nothing show the widget's background. To be used in the thread of the
 /// application's windows; the widget may be destroyed by what an event does.
-class PlotWidget : public QWidget {
+class VEXEL_API PlotWidget : public QWidget {
   Q_OBJECT
 
  public:

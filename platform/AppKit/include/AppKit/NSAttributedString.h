@@ -5,12 +5,13 @@
 
 #include <AppKit/NSTextAttributes.h>
 #include <CoreGraphics/CGText.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Text whose pieces may look different. A value; two are equal when every character is the same
 /// and looks the same, in however many pieces it was put together. UTF-8; "\n" ends a line.
-class NSAttributedString {
+class VEXEL_API NSAttributedString {
  public:
   /// A piece of text that looks the same throughout; not empty.
   struct Run {

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <CoreGraphics/CGColor.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A colour of red, green, blue and alpha, each on 0 to 1. An immutable value; two colours are
 /// equal when all four components are.
-class NSColor {
+class VEXEL_API NSColor {
  public:
   /// Components below 0 (or NaN) are taken as 0 and those above 1 as 1.
   static constexpr NSColor colorWithRed(double red, double green, double blue, double alpha = 1) {

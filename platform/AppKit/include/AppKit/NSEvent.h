@@ -5,12 +5,13 @@
 #include <AppKit/NSEventModifierFlags.h>
 #include <AppKit/NSEventType.h>
 #include <CoreGraphics/CGPoint.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Something the user did with the mouse or the keyboard. A value, made by whoever hosts a
 /// window and handed to NSWindow::sendEvent().
-struct NSEvent {
+struct VEXEL_API NSEvent {
   NSEventType type = NSEventType::mouseMoved;
   /// Where the pointer is, in points from the window's bottom-left corner; y grows upwards.
   CGPoint locationInWindow = {};

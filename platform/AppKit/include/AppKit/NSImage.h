@@ -4,12 +4,13 @@
 
 #include <CoreGraphics/CGImage.h>
 #include <CoreGraphics/CGSize.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A bitmap and the size in points at which it is meant to be shown. An immutable value; copies
 /// share the bitmap.
-class NSImage {
+class VEXEL_API NSImage {
  public:
   /// The bitmap may be null (the image draws nothing); its size in pixels does not matter here.
   NSImage(std::shared_ptr<const CGImage> cgImage, CGSize size);

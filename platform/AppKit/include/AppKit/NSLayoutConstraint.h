@@ -8,13 +8,14 @@
 #include <AppKit/NSLayoutRelation.h>
 #include <CoreGraphics/CGPoint.h>
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 class NSView;
 
 /// The two sides of a layout constraint, for NSLayoutConstraint::constraint().
-struct NSLayoutConstraintArguments {
+struct VEXEL_API NSLayoutConstraintArguments {
   NSView& firstItem;
   NSLayoutAttribute firstAttribute;
   NSLayoutRelation relation = NSLayoutRelation::equal;
@@ -33,7 +34,7 @@ struct NSLayoutConstraintArguments {
 /// are the host or direct subviews of it. A constraint that says something else - an item is gone
 /// or elsewhere, an attribute is missing, a number is not finite - is ignored.
 /// The items are not owned.
-class NSLayoutConstraint : public virtual NSObject {
+class VEXEL_API NSLayoutConstraint : public virtual NSObject {
  public:
   /// A constraint of this priority is kept before all others. Of required ones that contradict,
   /// those added earlier are kept.

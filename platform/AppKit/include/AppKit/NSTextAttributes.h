@@ -4,11 +4,12 @@
 
 #include <AppKit/NSColor.h>
 #include <CoreGraphics/CGPoint.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// How a piece of text looks.
-struct NSTextAttributes {
+struct VEXEL_API NSTextAttributes {
   std::string fontName = "Helvetica";
   /// In points. Text of a size that is not above 0 and finite takes no room.
   CGFloat fontSize = 12;

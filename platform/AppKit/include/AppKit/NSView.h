@@ -11,6 +11,7 @@
 #include <CoreGraphics/CGContext.h>
 #include <CoreGraphics/CGRect.h>
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -23,7 +24,7 @@ class NSWindow;
 /// (of the window when it has none), `bounds` the same rectangle in its own. Both have the same
 /// size. A width or height that is negative or not finite is taken as 0, and so is an origin's
 /// coordinate that is not finite.
-class NSView : public virtual NSObject, public std::enable_shared_from_this<NSView> {
+class VEXEL_API NSView : public virtual NSObject, public std::enable_shared_from_this<NSView> {
  public:
   /// How strongly a view resists being made smaller than its content unless set.
   static constexpr float kDefaultCompressionResistance = 750;

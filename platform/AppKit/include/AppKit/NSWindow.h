@@ -8,13 +8,14 @@
 #include <CoreGraphics/CGContext.h>
 #include <CoreGraphics/CGSize.h>
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// The root of a tree of views: it has a size, is drawn to any context, and hands the events it
 /// is sent to the views they are meant for. It opens nothing on the screen; whoever does shows
 /// what display() draws and sends the events. Made with std::make_shared.
-class NSWindow : public virtual NSObject, public std::enable_shared_from_this<NSWindow> {
+class VEXEL_API NSWindow : public virtual NSObject, public std::enable_shared_from_this<NSWindow> {
  public:
   /// A window with a plain view as its content. Sizes are in points and treated as those of views.
   explicit NSWindow(CGSize contentSize);

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// A date of the proleptic Gregorian calendar and a time of that day. Every field has to be given.
-struct CalendarDate {
+struct VEXEL_API CalendarDate {
   /// Astronomical: the year before 1 is 0, the one before that -1.
   int year;
   /// From 1, January.

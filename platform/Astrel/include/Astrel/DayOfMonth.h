@@ -1,9 +1,11 @@
 #pragma once
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// A day by its number in the month, in a year that is known otherwise. Both count from 1.
-struct DayOfMonth {
+struct VEXEL_API DayOfMonth {
   int day;
   int month;
 

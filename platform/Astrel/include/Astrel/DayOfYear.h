@@ -1,9 +1,11 @@
 #pragma once
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// A day by its number in the year; 1 is 1 January, 365 or 366 is 31 December.
-struct DayOfYear {
+struct VEXEL_API DayOfYear {
   int dayOfYear;
   int year;
 

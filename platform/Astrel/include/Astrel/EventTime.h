@@ -3,6 +3,7 @@
 #include <Astrel/CalendarDate.h>
 #include <Astrel/DayOfMonth.h>
 #include <Astrel/DayOfYear.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -22,7 +23,7 @@ namespace vexel {
 /// Dates that the calendar does not have are carried over into the next larger unit, as on a clock:
 /// month 13 is January of the next year, month 0 December of the one before, 31 February 2 or
 /// 3 March, hour 24 the next midnight, second -1 one second before the minute.
-class EventTime {
+class VEXEL_API EventTime {
  public:
   EventTime() = delete;
 

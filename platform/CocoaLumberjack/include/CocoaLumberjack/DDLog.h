@@ -14,6 +14,7 @@
 #include <CocoaLumberjack/DDLogLevel.h>
 #include <CocoaLumberjack/DDLogMessage.h>
 #include <CocoaLumberjack/DDLogger.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -22,7 +23,7 @@ namespace vexel {
 ///
 /// Every operation may be called from any thread, from within a logger, and while statics are
 /// destroyed at the end of the process.
-class DDLog {
+class VEXEL_API DDLog {
  public:
   static constexpr DDLogLevel defaultDynamicLevel = DDLogLevel::warning;
 

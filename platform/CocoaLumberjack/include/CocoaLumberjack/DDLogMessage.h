@@ -8,12 +8,13 @@
 
 #include <CocoaLumberjack/DDLogFlag.h>
 #include <CocoaLumberjack/DDLogLevel.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// One message as the loggers receive it. By convention the text reads
 /// "<SourceUnit>.<function>:<line> <text>"; whoever logs composes it whole.
-struct DDLogMessage {
+struct VEXEL_API DDLogMessage {
   std::string message;
   /// The level the statement was compiled with; `all` for statements that are never compiled out.
   /// Nothing is filtered by it.

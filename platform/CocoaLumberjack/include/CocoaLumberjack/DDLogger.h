@@ -1,11 +1,12 @@
 #pragma once
 
 #include <CocoaLumberjack/DDLogMessage.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Receives messages once it is registered with DDLog.
-class DDLogger {
+class VEXEL_API DDLogger {
  public:
   virtual ~DDLogger() = default;
 

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <CoreGraphics/CGPoint.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// x' = a x + c y + tx, y' = b x + d y + ty. Angles are in radians, counter-clockwise.
-struct CGAffineTransform {
+struct VEXEL_API CGAffineTransform {
   CGFloat a = 1;
   CGFloat b = 0;
   CGFloat c = 0;

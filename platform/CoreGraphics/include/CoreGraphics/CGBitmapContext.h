@@ -7,11 +7,12 @@
 
 #include <CoreGraphics/CGContext.h>
 #include <CoreGraphics/CGContextError.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A surface of pixels, antialiased, initially transparent.
-class CGBitmapContext : public CGContext {
+class VEXEL_API CGBitmapContext : public CGContext {
  public:
   /// Largest number of pixels in either direction.
   static constexpr int kMaximumPixels = 32767;

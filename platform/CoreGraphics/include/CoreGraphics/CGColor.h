@@ -1,12 +1,14 @@
 #pragma once
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 enum class CGColorSpace { genericRGB, genericGray, deviceRGB };
 
 /// A colour: components and alpha on 0 to 1, and the space they are meant in. All spaces draw
 /// alike (as sRGB); two colours are equal when space and components are.
-class CGColor {
+class VEXEL_API CGColor {
  public:
   static constexpr CGColor genericRGB(double red, double green, double blue, double alpha = 1) {
     return {CGColorSpace::genericRGB, red, green, blue, alpha};

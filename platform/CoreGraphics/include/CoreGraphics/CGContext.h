@@ -13,6 +13,7 @@
 #include <CoreGraphics/CGStrokeStyle.h>
 #include <CoreGraphics/CGSymbolStyle.h>
 #include <CoreGraphics/CGText.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -20,7 +21,7 @@ class CGLayer;
 
 /// A surface that is drawn on, in points with y up. Drawing takes the current transform and
 /// clip. Coordinates that are not finite draw nothing.
-class CGContext : public CGTextMeasure {
+class VEXEL_API CGContext : public CGTextMeasure {
  public:
   /// Keeps transform and clip for the matching restoreState(); they nest.
   virtual void saveState() = 0;
@@ -77,7 +78,7 @@ class CGContext : public CGTextMeasure {
 };
 
 /// Saves the state of a context for as long as it lives.
-class CGSavedState {
+class VEXEL_API CGSavedState {
  public:
   explicit CGSavedState(CGContext& context) : context_(context) { context_.saveState(); }
   ~CGSavedState() { context_.restoreState(); }
@@ -90,7 +91,7 @@ class CGSavedState {
 
 /// Pixels kept from an earlier drawing. Drawn into through `context()`, whose coordinates are
 /// those that the parent context had when the layer was made.
-class CGLayer {
+class VEXEL_API CGLayer {
  public:
   virtual ~CGLayer() = default;
   virtual CGContext& context() = 0;

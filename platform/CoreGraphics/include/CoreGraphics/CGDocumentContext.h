@@ -5,13 +5,14 @@
 
 #include <CoreGraphics/CGContext.h>
 #include <CoreGraphics/CGContextError.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A page of a vector format, of one size in points. Text stays text: a PDF embeds its fonts, an
 /// SVG names them and places each line by its middle. Equal drawing calls give equal bytes: no
 /// dates, no counters of the process.
-class CGDocumentContext : public CGContext {
+class VEXEL_API CGDocumentContext : public CGContext {
  public:
   enum class Format { pdf, svg };
 

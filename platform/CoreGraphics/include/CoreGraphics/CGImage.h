@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <CoreGraphics/CGColor.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -17,7 +18,7 @@ enum class CGImageAlphaInfo { noneSkipFirst, premultipliedFirst };
 enum class CGImageByteOrder { big32, little32 };
 
 /// How the bytes of an image are read.
-struct CGImageLayout {
+struct VEXEL_API CGImageLayout {
   std::size_t width = 0;
   std::size_t height = 0;
   std::size_t bitsPerComponent = 8;
@@ -33,7 +34,7 @@ struct CGImageLayout {
 };
 
 /// A bitmap: rows from top to bottom. Immutable.
-class CGImage {
+class VEXEL_API CGImage {
  public:
   /// Null when the layout is not 8 bits per component and 32 per pixel, the size is 0, a row is
   /// shorter than its pixels, or the bytes do not cover all rows.

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <CoreGraphics/CGContext.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Draws nothing, for timing and for tests that only want the side effects of drawing. Text is
 /// measured as on any surface.
-class CGNullContext : public CGContext {
+class VEXEL_API CGNullContext : public CGContext {
  public:
   void saveState() override {}
   void restoreState() override {}

@@ -5,12 +5,13 @@
 
 #include <CoreGraphics/CGAffineTransform.h>
 #include <CoreGraphics/CGRect.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// One step of a path. `move` and `line` use `point`; `curve` is a cubic Bézier with two control
 /// points that ends at `point`; `close` uses none.
-struct CGPathElement {
+struct VEXEL_API CGPathElement {
   enum class Type { move, line, curve, close };
 
   Type type;
@@ -22,7 +23,7 @@ struct CGPathElement {
 };
 
 /// A shape made of subpaths, in points. A value: copies are independent.
-class CGPath {
+class VEXEL_API CGPath {
  public:
   bool isEmpty() const { return elements_.empty(); }
   std::span<const CGPathElement> elements() const { return elements_; }
@@ -39,7 +40,7 @@ class CGPath {
 
 /// A path that can be added to. `line` and `curve` continue from the current point; without one
 /// a line begins at its own end and a curve at its first control point.
-class CGMutablePath : public CGPath {
+class VEXEL_API CGMutablePath : public CGPath {
  public:
   void move(CGPoint to);
   void addLine(CGPoint to);

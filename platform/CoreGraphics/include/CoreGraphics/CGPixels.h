@@ -5,11 +5,12 @@
 #include <CoreGraphics/CGAffineTransform.h>
 #include <CoreGraphics/CGColor.h>
 #include <CoreGraphics/PixelBuffer.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// The pixels of a bitmap as CGContext::drawOnPixels() lends them.
-struct CGPixels {
+struct VEXEL_API CGPixels {
   PixelBuffer buffer;
   /// What may be drawn on; inside the buffer.
   PixelRect clip;
@@ -19,6 +20,6 @@ struct CGPixels {
 };
 
 /// A colour as a premultiplied pixel: alpha, red, green, blue from the highest byte down.
-std::uint32_t premultipliedPixel(const CGColor& color);
+VEXEL_API std::uint32_t premultipliedPixel(const CGColor& color);
 
 }  // namespace vexel

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// Lengths and coordinates, in points.
 using CGFloat = double;
 
 /// A place in points; x grows to the right, y upwards.
-struct CGPoint {
+struct VEXEL_API CGPoint {
   CGFloat x = 0;
   CGFloat y = 0;
 

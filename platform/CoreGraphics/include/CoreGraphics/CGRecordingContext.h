@@ -3,6 +3,7 @@
 #include <string>
 
 #include <CoreGraphics/CGContext.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -16,7 +17,7 @@ namespace vexel {
 ///       stroke #000000 width 1 aligned: M 0 0 L 10 10
 ///       text "Charge" Helvetica 12 #000000 at 10 20
 ///     restore
-class CGRecordingContext : public CGContext {
+class VEXEL_API CGRecordingContext : public CGContext {
  public:
   const std::string& text() const { return text_; }
   void clear() { text_.clear(); }

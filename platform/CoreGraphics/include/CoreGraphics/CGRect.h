@@ -2,11 +2,12 @@
 
 #include <CoreGraphics/CGPoint.h>
 #include <CoreGraphics/CGSize.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A rectangle in points: its bottom-left corner and its size, which is not negative.
-struct CGRect {
+struct VEXEL_API CGRect {
   CGPoint origin;
   CGSize size;
 

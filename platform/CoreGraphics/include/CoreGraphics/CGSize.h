@@ -1,11 +1,12 @@
 #pragma once
 
 #include <CoreGraphics/CGPoint.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A width and a height in points.
-struct CGSize {
+struct VEXEL_API CGSize {
   CGFloat width = 0;
   CGFloat height = 0;
 

@@ -4,6 +4,7 @@
 
 #include <CoreGraphics/CGColor.h>
 #include <CoreGraphics/CGPoint.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -11,7 +12,7 @@ enum class CGLineCap { butt, round, square };
 enum class CGLineJoin { miter, round, bevel };
 
 /// How a path is stroked. Lengths are in points.
-struct CGStrokeStyle {
+struct VEXEL_API CGStrokeStyle {
   CGColor color = CGColor::genericGray(0);
   /// At most 0, or not finite: nothing is drawn.
   CGFloat width = 1;

@@ -2,11 +2,12 @@
 
 #include <CoreGraphics/CGColor.h>
 #include <CoreGraphics/CGStrokeStyle.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// What a symbol is filled and then stroked with; either may be absent (null). It refers to both.
-struct CGSymbolStyle {
+struct VEXEL_API CGSymbolStyle {
   const CGColor* fillColor = nullptr;
   const CGStrokeStyle* strokeStyle = nullptr;
 };

@@ -5,6 +5,7 @@
 
 #include <CoreGraphics/CGColor.h>
 #include <CoreGraphics/CGSize.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -12,7 +13,7 @@ enum class CGTextAlignment { left = 0, center = 1, right = 2 };
 
 /// A font: family name and size in points. "Helvetica" is drawn with the metric-compatible
 /// family that the system has.
-struct CGFont {
+struct VEXEL_API CGFont {
   std::string family = "Helvetica";
   CGFloat size = 12;
   bool bold = false;
@@ -22,7 +23,7 @@ struct CGFont {
 };
 
 /// A piece of text in one style. UTF-8; bytes that are not are drawn as U+FFFD.
-struct CGTextRun {
+struct VEXEL_API CGTextRun {
   std::string text;
   CGFont font = {};
   CGColor color = CGColor::genericGray(0);
@@ -34,7 +35,7 @@ struct CGTextRun {
 };
 
 /// Styled text of one or more lines ("\n" ends a line). Lines are aligned among themselves.
-struct CGText {
+struct VEXEL_API CGText {
   std::vector<CGTextRun> runs;
   CGTextAlignment alignment = CGTextAlignment::left;
 
@@ -43,7 +44,7 @@ struct CGText {
 
 /// Answers how large text is when it is drawn. The same on every surface: glyph positions are
 /// not rounded to pixels.
-class CGTextMeasure {
+class VEXEL_API CGTextMeasure {
  public:
   virtual ~CGTextMeasure() = default;
   /// Width of the widest line and height of all lines (ascent to descent), in points; (0, 0) for
@@ -52,6 +53,6 @@ class CGTextMeasure {
 };
 
 /// The measure that drawing uses, of the calling thread. No font is loaded before the first call.
-CGTextMeasure& sharedTextMeasure();
+VEXEL_API CGTextMeasure& sharedTextMeasure();
 
 }  // namespace vexel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CoreGraphics/PixelRect.h>
+#include <Foundation/VexelAPI.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -10,7 +11,7 @@ namespace vexel {
 
 /// Pixels lent for a call: premultiplied, 8 bits each of alpha, red, green and blue from the
 /// highest byte of the word to the lowest, rows from top to bottom.
-struct PixelBuffer {
+struct VEXEL_API PixelBuffer {
   std::uint32_t* pixels = nullptr;
   int width = 0;
   int height = 0;

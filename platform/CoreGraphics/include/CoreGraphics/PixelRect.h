@@ -1,9 +1,11 @@
 #pragma once
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// Whole pixels of a buffer: columns left to right - 1, rows top to bottom - 1, row 0 uppermost.
-struct PixelRect {
+struct VEXEL_API PixelRect {
   int left = 0;
   int top = 0;
   int right = 0;

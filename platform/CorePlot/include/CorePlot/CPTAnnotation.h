@@ -4,13 +4,14 @@
 #include <optional>
 
 #include <CorePlot/CPTTextLayer.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 class CPTPlotArea;
 
 /// Content that lies on a plot area. Its centre is at the anchor, moved by the displacement.
-class CPTAnnotation : public virtual NSObject {
+class VEXEL_API CPTAnnotation : public virtual NSObject {
  public:
   /// Null (the default): nothing is drawn.
   const std::shared_ptr<CPTTextLayer>& contentLayer() const { return contentLayer_; }

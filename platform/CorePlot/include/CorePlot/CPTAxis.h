@@ -13,12 +13,13 @@
 #include <CorePlot/CPTTextStyle.h>
 #include <CorePlot/CPTXYPlotSpace.h>
 #include <Foundation/NSFormatter.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// An axis of a graph: its line, ticks, grid lines, labels and title. What it looks like is set
 /// here; it is placed and drawn when the graph is displayed.
-class CPTAxis : public CPTLayer {
+class VEXEL_API CPTAxis : public CPTLayer {
  public:
   static constexpr CGFloat kDefaultMajorTickLength = 5;
   static constexpr CGFloat kDefaultMinorTickLength = 3;

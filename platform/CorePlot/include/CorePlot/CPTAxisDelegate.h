@@ -1,13 +1,14 @@
 #pragma once
 
 #include <CorePlot/CALayerDelegate.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 class CPTAxis;
 
 /// Hears of an axis. Delegates of axes must be of this type.
-class CPTAxisDelegate : public CALayerDelegate {
+class VEXEL_API CPTAxisDelegate : public CALayerDelegate {
  public:
   /// Called after ticks and labels of the axis were placed for a display.
   virtual void axisDidRelabel(CPTAxis& axis) { (void)axis; }

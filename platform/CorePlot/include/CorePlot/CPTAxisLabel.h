@@ -4,13 +4,14 @@
 #include <string>
 
 #include <CorePlot/CPTTextLayer.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 class CPTAxis;
 
 /// The text at a place of an axis. Changes are seen at the axis's next display, which they ask for.
-class CPTAxisLabel : public virtual NSObject {
+class VEXEL_API CPTAxisLabel : public virtual NSObject {
  public:
   static constexpr CGFloat kDefaultOffset = 2;
 

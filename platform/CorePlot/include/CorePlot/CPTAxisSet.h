@@ -6,11 +6,12 @@
 #include <vector>
 
 #include <CorePlot/CPTAxis.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// The axes of a graph, in the order in which they are drawn.
-class CPTAxisSet : public CPTLayer {
+class VEXEL_API CPTAxisSet : public CPTLayer {
  public:
   const std::vector<std::shared_ptr<CPTAxis>>& axes() const { return axes_; }
   /// Nulls are left out.

@@ -3,11 +3,12 @@
 #include <CorePlot/CPTFill.h>
 #include <CorePlot/CPTLineStyle.h>
 #include <CorePlot/CPTPlot.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Bars from their base to their tip at a location along the other coordinate.
-class CPTBarPlot : public CPTPlot {
+class VEXEL_API CPTBarPlot : public CPTPlot {
  public:
   static constexpr double kDefaultBarWidth = 0.5;
   static constexpr CGFloat kDefaultLabelOffset = 10;

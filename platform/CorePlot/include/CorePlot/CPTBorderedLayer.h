@@ -5,11 +5,12 @@
 #include <CorePlot/CPTFill.h>
 #include <CorePlot/CPTLayer.h>
 #include <CorePlot/CPTLineStyle.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A layer with a fill and a border.
-class CPTBorderedLayer : public CPTLayer {
+class VEXEL_API CPTBorderedLayer : public CPTLayer {
  public:
   using CPTLayer::CPTLayer;
 

@@ -2,12 +2,13 @@
 
 #include <AppKit/NSColor.h>
 #include <CoreGraphics/CGColor.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A colour of the chart engine: a CGColor with named constructors. A value; two are equal when
 /// their CGColors are.
-class CPTColor {
+class VEXEL_API CPTColor {
  public:
   explicit constexpr CPTColor(const CGColor& color) : color_(color) {}
 
@@ -43,6 +44,6 @@ class CPTColor {
 };
 
 /// The colour as generic red, green, blue and alpha.
-CGColor CPTCreateCGColorFromNSColor(const NSColor& color);
+VEXEL_API CGColor CPTCreateCGColorFromNSColor(const NSColor& color);
 
 }  // namespace vexel

@@ -8,12 +8,13 @@
 #include <vector>
 
 #include <CorePlot/CPTColor.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Colours of records in their order, absent ones among them. It holds each different colour once
 /// and four bytes per record. A value; two are equal when their elements are.
-class CPTColorList {
+class VEXEL_API CPTColorList {
  public:
   /// The place of an absent colour.
   static constexpr std::uint32_t kNoColor = ~std::uint32_t{0};

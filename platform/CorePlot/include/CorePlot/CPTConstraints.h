@@ -1,11 +1,12 @@
 #pragma once
 
 #include <CoreGraphics/CGPoint.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Where an axis is pinned across the plot area, instead of at a data value. A value.
-class CPTConstraints {
+class VEXEL_API CPTConstraints {
  public:
   /// So many points above the lower (left) edge.
   static CPTConstraints constraintWithLowerOffset(CGFloat points) { return {points, 0}; }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include <CorePlot/CPTGraph.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -10,6 +11,6 @@ namespace vexel {
 /// spaces with ranges and scales, axes with ticks and labels, plots with their records and
 /// looks, annotations. Stable, with numbers of at most six significant digits: for tests and
 /// for people.
-std::string dump(CPTGraph& graph);
+VEXEL_API std::string dump(CPTGraph& graph);
 
 }  // namespace vexel

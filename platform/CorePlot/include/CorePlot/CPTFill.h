@@ -5,11 +5,12 @@
 #include <CoreGraphics/CGContext.h>
 #include <CorePlot/CPTColor.h>
 #include <CorePlot/CPTImage.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// What an area is filled with: a colour or an image. A value.
-class CPTFill {
+class VEXEL_API CPTFill {
  public:
   explicit CPTFill(const CPTColor& color) : content_(color) {}
   explicit CPTFill(CPTImage image) : content_(std::move(image)) {}

@@ -12,6 +12,7 @@
 #include <CorePlot/CPTPlotSpace.h>
 #include <CorePlot/CPTTextStyle.h>
 #include <CorePlot/CPTTheme.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -22,7 +23,7 @@ struct AxisArrangement;
 
 /// A chart: a plot area in its frame, plot spaces, axes and plots. Made with std::make_shared of a
 /// concrete type, which fills it.
-class CPTGraph : public CPTBorderedLayer {
+class VEXEL_API CPTGraph : public CPTBorderedLayer {
  public:
   static constexpr CGFloat kDefaultPadding = 20;
 

@@ -4,11 +4,12 @@
 
 #include <AppKit/NSView.h>
 #include <CorePlot/CPTGraph.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// The view that shows a graph over its whole bounds.
-class CPTGraphHostingView : public NSView {
+class VEXEL_API CPTGraphHostingView : public NSView {
  public:
   explicit CPTGraphHostingView(CGRect frame = {}) : NSView(frame) {}
   ~CPTGraphHostingView() override;

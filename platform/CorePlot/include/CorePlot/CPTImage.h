@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <CoreGraphics/CGContext.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -10,7 +11,7 @@ namespace vexel {
 /// corner. `scale` is the number of image pixels per point; one that is not above 0 and finite
 /// counts as 1. Instead of tiles too small to be told apart, or more than
 /// 10,000 of them, the image is stretched. A value.
-struct CPTImage {
+struct VEXEL_API CPTImage {
   std::shared_ptr<const CGImage> image;
   CGFloat scale = 1;
   bool tiled = false;

@@ -6,13 +6,14 @@
 #include <CoreGraphics/CGContext.h>
 #include <CorePlot/CALayerDelegate.h>
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A part of a chart: a rectangle in the coordinates of its superlayer that draws itself. A layer
 /// owns its sublayers; it knows its superlayer weakly. Made with std::make_shared where it becomes
 /// a sublayer.
-class CPTLayer : public virtual NSObject {
+class VEXEL_API CPTLayer : public virtual NSObject {
  public:
   explicit CPTLayer(CGRect frame = {});
   ~CPTLayer() override;

@@ -5,12 +5,13 @@
 
 #include <CoreGraphics/CGStrokeStyle.h>
 #include <CorePlot/CPTColor.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// How a line is drawn. A value: changing a copy changes nothing else, and a style takes effect
 /// when it is set. Lengths are in points.
-struct CPTLineStyle {
+struct VEXEL_API CPTLineStyle {
   CGLineCap lineCap = CGLineCap::butt;
   CGLineJoin lineJoin = CGLineJoin::miter;
   CGFloat miterLimit = 10;

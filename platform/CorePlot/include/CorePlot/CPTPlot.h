@@ -13,6 +13,7 @@
 #include <CorePlot/CPTTextStyle.h>
 #include <CorePlot/CPTXYPlotSpace.h>
 #include <Foundation/NSFormatter.h>
+#include <Foundation/VexelAPI.h>
 #include <Kernels/RangeIndex.h>
 
 namespace vexel {
@@ -21,7 +22,7 @@ class CPTGraph;
 
 /// A series of records drawn on a plot area. It reads its data from the data source when it is
 /// first drawn and after setDataNeedsReloading(), and keeps it.
-class CPTPlot : public CPTLayer {
+class VEXEL_API CPTPlot : public CPTLayer {
  public:
   /// More labels than this in one plot cannot be read.
   static constexpr std::size_t kMostLabels = 1000;

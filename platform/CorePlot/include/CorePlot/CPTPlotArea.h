@@ -6,12 +6,13 @@
 
 #include <CorePlot/CPTAnnotation.h>
 #include <CorePlot/CPTBorderedLayer.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// The rectangle that the plot spaces map onto: its fill lies below grid and plots, its
 /// annotations above everything.
-class CPTPlotArea : public CPTBorderedLayer {
+class VEXEL_API CPTPlotArea : public CPTBorderedLayer {
  public:
   const std::vector<std::shared_ptr<CPTAnnotation>>& annotations() const { return annotations_; }
   /// Null does nothing, and so does an annotation that is there already.

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <CorePlot/CPTPlotArea.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -10,7 +11,7 @@ namespace vexel {
 /// masks to its border they may also lie outside. It draws its fill and the plot area's; its border
 /// is drawn above the grid. Where the superlayer has room for it the middle of the border lies on
 /// the edges of the frame, as axis lines do at the edges of the plot area.
-class CPTPlotAreaFrame : public CPTBorderedLayer {
+class VEXEL_API CPTPlotAreaFrame : public CPTBorderedLayer {
  public:
   CPTPlotAreaFrame();
 

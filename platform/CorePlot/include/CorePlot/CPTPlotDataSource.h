@@ -9,6 +9,7 @@
 #include <CorePlot/CPTColorList.h>
 #include <CorePlot/CPTPlotSymbol.h>
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 #include <Kernels/CPTNumericData.h>
 
 namespace vexel {
@@ -18,7 +19,7 @@ class CPTScatterPlot;
 class CPTTextLayer;
 
 /// Records `location` to `location + length - 1`.
-struct CPTRecordRange {
+struct VEXEL_API CPTRecordRange {
   std::size_t location = 0;
   std::size_t length = 0;
 
@@ -36,7 +37,7 @@ enum CPTBarPlotField : unsigned {
 /// Answers what a plot shows. A plot asks once after it was added or told that its data changed
 /// (CPTPlot::setDataNeedsReloading), never while nothing changed. It refers to its source weakly:
 /// when the source is gone the plot draws nothing.
-class CPTPlotDataSource : public virtual NSObject {
+class VEXEL_API CPTPlotDataSource : public virtual NSObject {
  public:
   virtual std::size_t numberOfRecords(const CPTPlot& plot) = 0;
 

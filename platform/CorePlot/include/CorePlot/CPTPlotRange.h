@@ -1,10 +1,12 @@
 #pragma once
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// A stretch of one coordinate, in plot-space units: from `location` over `length`, which is
 /// negative for a range that runs backwards. A value.
-class CPTPlotRange {
+class VEXEL_API CPTPlotRange {
  public:
   constexpr CPTPlotRange() = default;
   constexpr CPTPlotRange(double location, double length) : location_(location), length_(length) {}

@@ -7,13 +7,14 @@
 #include <CoreGraphics/CGPoint.h>
 #include <CoreGraphics/CGSize.h>
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 class CPTGraph;
 
 /// How data coordinates lie on a plot area.
-class CPTPlotSpace : public virtual NSObject {
+class VEXEL_API CPTPlotSpace : public virtual NSObject {
  public:
   /// The graph that has the plot space; null when there is none.
   CPTGraph* graph() const { return graph_.get(); }

@@ -3,13 +3,14 @@
 #include <vector>
 
 #include <CorePlot/CPTAnnotation.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 class CPTPlotSpace;
 
 /// An annotation anchored at a point of a plot space: it moves with the data.
-class CPTPlotSpaceAnnotation : public CPTAnnotation {
+class VEXEL_API CPTPlotSpaceAnnotation : public CPTAnnotation {
  public:
   /// The plot space is referred to weakly; `anchorPlotPoint` is x, y in plot-space units.
   CPTPlotSpaceAnnotation(CPTPlotSpace* plotSpace, std::vector<double> anchorPlotPoint);

@@ -7,6 +7,7 @@
 #include <CoreGraphics/CGContext.h>
 #include <CorePlot/CPTFill.h>
 #include <CorePlot/CPTLineStyle.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -27,7 +28,7 @@ enum class CPTPlotSymbolType {
 };
 
 /// The mark drawn at a point of a scatter plot. A value.
-class CPTPlotSymbol {
+class VEXEL_API CPTPlotSymbol {
  public:
   static constexpr CGSize kDefaultSize{5, 5};
   static constexpr CGPoint kDefaultAnchorPoint{0.5, 0.5};

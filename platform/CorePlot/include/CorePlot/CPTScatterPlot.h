@@ -3,6 +3,7 @@
 #include <CorePlot/CPTLineStyle.h>
 #include <CorePlot/CPTPlot.h>
 #include <CorePlot/CPTPlotSymbol.h>
+#include <Foundation/VexelAPI.h>
 #include <Kernels/RangeIndex.h>
 
 namespace vexel {
@@ -17,7 +18,7 @@ enum class CPTScatterPlotInterpolation {
 
 /// Points joined by a line, marked by symbols, or both. A record without an x or y number breaks
 /// the line.
-class CPTScatterPlot : public CPTPlot {
+class VEXEL_API CPTScatterPlot : public CPTPlot {
  public:
   explicit CPTScatterPlot(CGRect frame = {});
 

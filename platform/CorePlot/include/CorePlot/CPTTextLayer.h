@@ -6,12 +6,13 @@
 #include <AppKit/NSAttributedString.h>
 #include <CorePlot/CPTBorderedLayer.h>
 #include <CorePlot/CPTTextStyle.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A piece of text, plain in one style or attributed. Its frame has the size of the text and the
 /// paddings (1 point on every side unless set) as soon as it is made, and keeps it current.
-class CPTTextLayer : public CPTBorderedLayer {
+class VEXEL_API CPTTextLayer : public CPTBorderedLayer {
  public:
   static constexpr CGFloat kDefaultPadding = 1;
 

@@ -5,13 +5,14 @@
 
 #include <CoreGraphics/CGText.h>
 #include <CorePlot/CPTColor.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 using CPTTextAlignment = CGTextAlignment;
 
 /// How text is drawn. A value. The font size is in points.
-struct CPTTextStyle {
+struct VEXEL_API CPTTextStyle {
   std::string fontName = "Helvetica";
   CGFloat fontSize = 12;
   /// Absent: black.

@@ -5,6 +5,7 @@
 
 #include <CoreGraphics/CGPoint.h>
 #include <CorePlot/CPTColor.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
@@ -15,7 +16,7 @@ inline constexpr const char* kCPTPlainWhiteTheme = "Plain White";
 
 /// A look for graphs: graph and plot area filled in one colour, axes, border and text in the
 /// other.
-class CPTTheme {
+class VEXEL_API CPTTheme {
  public:
   static constexpr CGFloat kMajorTickLength = 7;
   static constexpr CGFloat kMinorTickLength = 5;

@@ -4,11 +4,12 @@
 
 #include <CorePlot/CPTAxis.h>
 #include <CorePlot/CPTConstraints.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// An axis of an XY graph, which crosses the other coordinate at one place.
-class CPTXYAxis : public CPTAxis {
+class VEXEL_API CPTXYAxis : public CPTAxis {
  public:
   /// Where the axis line crosses the other coordinate, in plot-space units; default 0. A place
   /// outside the visible range puts it at the nearer edge of the plot area.

@@ -2,11 +2,12 @@
 
 #include <CorePlot/CPTAxisSet.h>
 #include <CorePlot/CPTXYAxis.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// The axes of an XY graph: to begin with one x axis and one y axis.
-class CPTXYAxisSet : public CPTAxisSet {
+class VEXEL_API CPTXYAxisSet : public CPTAxisSet {
  public:
   CPTXYAxisSet();
 

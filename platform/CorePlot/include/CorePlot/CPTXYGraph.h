@@ -3,12 +3,13 @@
 #include <CorePlot/CPTGraph.h>
 #include <CorePlot/CPTXYAxisSet.h>
 #include <CorePlot/CPTXYPlotSpace.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// A chart with cartesian coordinates. New ones have paddings of 20 points, a plot area frame
 /// with a plot area, one CPTXYPlotSpace and a CPTXYAxisSet with an x and a y axis on it.
-class CPTXYGraph : public CPTGraph {
+class VEXEL_API CPTXYGraph : public CPTGraph {
  public:
   explicit CPTXYGraph(CGRect frame = {});
 };

@@ -6,6 +6,7 @@
 #include <CorePlot/CPTDefinitions.h>
 #include <CorePlot/CPTPlotRange.h>
 #include <CorePlot/CPTPlotSpace.h>
+#include <Foundation/VexelAPI.h>
 #include <Kernels/AxisScale.h>
 
 namespace vexel {
@@ -14,7 +15,7 @@ class CPTPlot;
 
 /// Cartesian coordinates, each with a range over the plot area and a linear or logarithmic
 /// scale. The range of a log scale must lie above 0; nothing is drawn on it otherwise.
-class CPTXYPlotSpace : public CPTPlotSpace {
+class VEXEL_API CPTXYPlotSpace : public CPTPlotSpace {
  public:
   /// Location 0, length 1 unless set.
   const CPTPlotRange& xRange() const { return xRange_; }

@@ -7,12 +7,13 @@
 #include <vector>
 
 #include <Foundation/NSObject.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// What is announced: a name, the object it is about (may be absent) and anything the sender
 /// attaches.
-struct NSNotification {
+struct VEXEL_API NSNotification {
   std::string name;
   NSObject* object = nullptr;
   std::any userInfo = {};
@@ -21,7 +22,7 @@ struct NSNotification {
 /// Delivers notifications at once, in the order in which observers registered. An observer that
 /// is gone is skipped. Observers may register, remove and post while one is being delivered:
 /// those registered during a delivery hear only later ones, those removed hear no more.
-class NSNotificationCenter {
+class VEXEL_API NSNotificationCenter {
  public:
   using Handler = std::function<void(const NSNotification&)>;
 

@@ -4,12 +4,14 @@
 #include <cstdint>
 #include <variant>
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// A number that remembers its precision: a whole number, a float or a double. A value. Two are
 /// equal when their values are, whatever the precision: a whole 2 equals a double 2, but a float
 /// 0.1 differs from a double 0.1, which is nearer to a tenth.
-class NSNumber {
+class VEXEL_API NSNumber {
  public:
   /// Whole numbers beyond 64 signed bits do not fit; booleans are no numbers.
   template <std::integral Whole>

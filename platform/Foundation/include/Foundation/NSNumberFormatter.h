@@ -1,13 +1,14 @@
 #pragma once
 
 #include <Foundation/NSFormatter.h>
+#include <Foundation/VexelAPI.h>
 
 namespace vexel {
 
 /// Writes numbers in decimal notation with a "." and no grouping, in every locale, rounded half
 /// to even (of the exact value that the double holds). NaN gives "NaN", the infinities "+∞" and
 /// "-∞". A value that rounds to zero has no sign.
-class NSNumberFormatter : public NSFormatter {
+class VEXEL_API NSNumberFormatter : public NSFormatter {
  public:
   /// Largest number of digits that can be asked for on either side of the point.
   static constexpr int kMaximumDigits = 309;

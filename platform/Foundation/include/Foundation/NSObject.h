@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 template <class T>
@@ -10,7 +12,7 @@ class NSWeak;
 /// Base of everything that can be referred to without being owned: delegates, data sources,
 /// views, graphs, plots. An object may be owned in any way (shared, unique, member, stack);
 /// references of type NSWeak read as absent once it is gone.
-class NSObject {
+class VEXEL_API NSObject {
  public:
   NSObject() = default;
   /// A copy is an object of its own: references to the original do not see it.
@@ -33,7 +35,7 @@ class NSObject {
 /// A reference that does not own: `get()` is the object, or null once the object is gone.
 /// Two references are equal when they give the same object.
 template <class T>
-class NSWeak {
+class VEXEL_API NSWeak {
  public:
   NSWeak() = default;
   NSWeak(std::nullptr_t) {}

@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// The distance between major ticks that suits an axis which shows range[0] to range[1], in either
@@ -18,9 +20,9 @@ namespace vexel {
 ///   less than 4 times the smallest of them gives that one.
 ///
 /// Further values of the range do not count. A range of fewer than two is a fatal error.
-double getOptimimumMajorInterval(std::span<const double> range, double scale);
+VEXEL_API double getOptimimumMajorInterval(std::span<const double> range, double scale);
 
 /// The same in single precision, the span included.
-float getOptimimumMajorInterval(std::span<const float> range, float scale);
+VEXEL_API float getOptimimumMajorInterval(std::span<const float> range, float scale);
 
 }  // namespace vexel

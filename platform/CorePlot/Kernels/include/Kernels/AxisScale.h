@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// The mapping between the values of one coordinate and places along its axis: the visible range
@@ -7,7 +9,7 @@ namespace vexel {
 ///
 /// The differences are taken before the division, so a range that is tiny beside its location
 /// (dates as day numbers, say) loses no digits.
-struct AxisScale {
+struct VEXEL_API AxisScale {
   /// Where the visible range starts, in data units; maps to position 0.
   double location = 0;
   /// How far the range goes from its start, in data units; negative for a reversed axis.

@@ -8,12 +8,14 @@
 #include <type_traits>
 #include <utility>
 
+#include <Foundation/VexelAPI.h>
+
 namespace vexel {
 
 /// Numbers lent to a plot: where they are, how many, of which type and how far apart. It does
 /// not own them. Made from any contiguous range of double, float or 16-, 32- or 64-bit signed
 /// integers, or from a column of records through `strided`.
-class CPTNumericData {
+class VEXEL_API CPTNumericData {
  public:
   enum class Type { float64, float32, int16, int32, int64 };
 

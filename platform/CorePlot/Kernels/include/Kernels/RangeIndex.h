@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <CoreGraphics/CGPoint.h>
+#include <Foundation/VexelAPI.h>
 #include <Kernels/CPTNumericData.h>
 
 namespace vexel {
@@ -19,7 +20,7 @@ namespace vexel {
 /// are known to be there.
 ///
 /// The samples are borrowed: they must stay, unchanged, as long as the index is used.
-class RangeIndex {
+class VEXEL_API RangeIndex {
  public:
   /// No finite sample: lowest is above highest.
   struct Extremes {
