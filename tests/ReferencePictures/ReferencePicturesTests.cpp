@@ -46,7 +46,7 @@ class ReferencePicturesTest : public testing::Test {
   testing::AssertionResult show(const Drawing& draw, CGSize size = kSize) {
     const auto context = CGBitmapContext::create(size, 1);
     draw(*context);
-    return pictures.show(*context, "figure");
+    return pictures.show(Picture::of(*context), "figure");
   }
 
   void keep(const Drawing& draw) {

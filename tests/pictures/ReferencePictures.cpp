@@ -23,32 +23,34 @@ void write(const std::filesystem::path& file, const std::string& bytes) {
 
 }  // namespace
 
-testing::AssertionResult ReferencePictures::show(CGBitmapContext& drawn,
+testing::AssertionResult ReferencePictures::show(const Picture& drawn,
                                                  const std::string& name) const {
   const std::filesystem::path file = folder / (name + ".png");
-  const Picture got = Picture::of(drawn);
   auto wanted = Picture::fromPng(contents(file));
-  if (renews && wanted != got) {
-    write(file, drawn.pngData());
+  if (renews && wanted != drawn) {
+    write(file, drawn.png());
     wanted = Picture::fromPng(contents(file));
   }
-  if (wanted == got) return testing::AssertionSuccess();
+  if (wanted == drawn) return testing::AssertionSuccess();
 
   const auto pathOf = [&](const char* what) { return failures / (name + "-" + what + ".png"); };
-  write(pathOf("got"), drawn.pngData());
+  write(pathOf("got"), drawn.png());
   auto failure = testing::AssertionFailure() << "got " << pathOf("got");
   if (!wanted) return failure << ", but " << file << " is no picture";
   write(pathOf("wanted"), wanted->png());
-  write(pathOf("difference"), difference(*wanted, got).png());
+  write(pathOf("difference"), difference(*wanted, drawn).png());
   return failure << "\nwanted " << pathOf("wanted") << "\ndifference " << pathOf("difference");
 }
 
-testing::AssertionResult equalsReference(CGBitmapContext& drawn, const std::string& name) {
+ReferencePictures keptIn(const std::filesystem::path& folder) {
   const char* const renew = std::getenv("VEXEL_RENEW_REFERENCES");
-  return ReferencePictures{.folder = VEXEL_REFERENCES,
-                           .failures = VEXEL_REFERENCE_FAILURES,
-                           .renews = renew && std::string_view(renew) == "1"}
-      .show(drawn, name);
+  return {.folder = folder,
+          .failures = VEXEL_REFERENCE_FAILURES,
+          .renews = renew && std::string_view(renew) == "1"};
+}
+
+testing::AssertionResult equalsReference(CGBitmapContext& drawn, const std::string& name) {
+  return keptIn(VEXEL_REFERENCES).show(Picture::of(drawn), name);
 }
 
 }  // namespace vexel

@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <string>
 
+#include "pictures/Picture.h"
+
 namespace vexel {
 
 /// Pictures that were looked at and kept, as `<name>.png` in a folder.
@@ -19,11 +21,14 @@ struct ReferencePictures {
 
   /// Whether what was drawn has exactly the pixels of the picture kept under that name. If not, the
   /// result names the pictures that show why.
-  testing::AssertionResult show(CGBitmapContext& drawn, const std::string& name) const;
+  testing::AssertionResult show(const Picture& drawn, const std::string& name) const;
 };
 
-/// Compares with tests/references; failures go to the build tree. With VEXEL_RENEW_REFERENCES=1 in
-/// the environment the references are renewed instead, to be looked at before they are committed.
+/// The pictures of a folder; failures go to the build tree. With VEXEL_RENEW_REFERENCES=1 in the
+/// environment they are renewed, to be looked at before they are committed.
+ReferencePictures keptIn(const std::filesystem::path& folder);
+
+/// Compares with those of tests/references.
 testing::AssertionResult equalsReference(CGBitmapContext& drawn, const std::string& name);
 
 }  // namespace vexel
