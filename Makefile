@@ -2,13 +2,14 @@
 PRESETS := release debug asan tsan coverage
 EXPLORER := build/release/examples/impact-explorer/impact-explorer
 
-.PHONY: help demo test check bench format setup setup-check headers tidy \
+.PHONY: help demo test test-install check bench format setup setup-check headers symbols tidy \
         $(PRESETS:%=build-%) $(PRESETS:%=test-%)
 
 help:
 	@echo "make demo     draw the example figures into build/demo/, and open a window if there is a display"
 	@echo "make test     build and run the tests"
 	@echo "make check    all that a change has to pass; the tests are a part of it"
+	@echo "make symbols  renew the lists of what the libraries export"
 	@echo "make bench    time complete figures; docs/performance.md says how they compare"
 	@echo "make format   put the sources into the common format"
 	@echo "build-PRESET and test-PRESET exist for the presets $(PRESETS);"
@@ -33,7 +34,7 @@ test: test-release
 
 check: setup-check
 	@tools/check-tree
-	@$(MAKE) --no-print-directory test-release headers tidy test-asan
+	@$(MAKE) --no-print-directory test-release headers tidy test-install test-asan
 
 bench: build/release/build.ninja
 	@dpkg -s libbenchmark-dev >/dev/null 2>&1 || { echo "bench: libbenchmark-dev is missing" >&2; exit 1; }
@@ -65,6 +66,16 @@ $(PRESETS:%=test-%): test-%: build-%
 # Every public header compiles alone.
 headers: build/release/build.ninja
 	@cmake --build --preset release --target headers
+
+# What the libraries are meant to export; a test compares.
+symbols: build/release/build.ninja
+	@cmake --build --preset release --target vexel VexelQt
+	@tools/exported-symbols build/release/libvexel.so >tests/symbols/libvexel.txt
+	@tools/exported-symbols build/release/hosts/Qt/libvexel-qt.so >tests/symbols/libvexel-qt.txt
+
+# Both compilers, shared and static, installed, packed and as a subdirectory.
+test-install: setup-check
+	@tests/consumer/test-install
 
 # Lint runs beside the compiler, in a tree of its own, on what changed since it was last clean.
 tidy: build/tidy/build.ninja
