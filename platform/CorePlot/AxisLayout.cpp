@@ -19,6 +19,8 @@ namespace {
 
 // Ticks closer than this cannot be told apart.
 constexpr CGFloat kClosestTicks = 3;
+// More labels than this cannot be read on the longest axis, and take long to make.
+constexpr int kMostLabels = 1000;
 // Clear space between two labels along the axis, and between labels and title.
 constexpr CGFloat kLabelGap = 4;
 constexpr CGFloat kTitleGap = 3;
@@ -70,8 +72,8 @@ struct LabelRoom {
 /// Made for the ticks.
 std::vector<std::shared_ptr<CPTAxisLabel>> madeLabels(const CPTAxis& axis, const Ticks& ticks,
                                                       const AxisScale& scale, LabelRoom room) {
-  const std::size_t step =
-      1 + ticks.major.size() / static_cast<std::size_t>(tickRoom(scale.extent));
+  const int most = std::min(tickRoom(scale.extent), kMostLabels);
+  const std::size_t step = 1 + ticks.major.size() / static_cast<std::size_t>(most);
   std::vector<double> labelled;
   for (std::size_t i = 0; i < ticks.major.size(); i += step) labelled.push_back(ticks.major[i]);
   const auto contentsIn = [&](CGFloat width) {

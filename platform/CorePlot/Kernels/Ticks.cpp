@@ -54,6 +54,14 @@ Indices indicesInside(double lower, double upper, double origin, double spacing)
           std::floor((upper - origin) / spacing + kEndTolerance)};
 }
 
+/// Calls `use` with each of them. Integers count where the next double may be the same.
+template <class Use>
+void visit(const Indices& indices, Use&& use) {
+  const auto last = static_cast<std::int64_t>(indices.last);
+  for (auto k = static_cast<std::int64_t>(indices.first); k <= last; ++k)
+    use(static_cast<double>(k));
+}
+
 /// number * interval; where the interval is one over an integer, as 0.1 is, the quotient has the
 /// digits that the product loses.
 double multiple(double number, double interval) {
@@ -131,17 +139,19 @@ Ticks fixedIntervalTicks(double lower, double upper, double interval, double ori
   Ticks ticks;
   const double indicesPerMajor = static_cast<double>(step);
   const Indices majors = all.multiplesOf(step);
-  for (double k = majors.first; k <= majors.last; ++k)
+  visit(majors, [&](double k) {
     ticks.major.push_back(
         std::clamp(origin + multiple(k * indicesPerMajor, interval), lower, upper));
+  });
 
   const double parts = std::max(0, minorPerInterval) + 1.0;
   const Indices minors = indicesInside(lower, upper, origin, interval * (indicesPerMajor / parts));
   if (minors.areExact() && minors.count() - majors.count() <= maximumCount)
-    for (double k = minors.first; k <= minors.last; ++k)
+    visit(minors, [&](double k) {
       if (std::fmod(k, parts) != 0)
         ticks.minor.push_back(
             std::clamp(origin + multiple(k / parts * indicesPerMajor, interval), lower, upper));
+    });
 
   dropRepetitions(ticks);
   return ticks;

@@ -135,6 +135,19 @@ TEST_F(AxisLayoutTest, ThousandsOfProvidedTicksAreLabelledWhereThereIsRoom) {
   EXPECT_EQ(placed.majorTicks.size(), placed.labels.size());
 }
 
+TEST_F(AxisLayoutTest, AnAxisBeyondAllSizesHasNoMoreLabelsThanCanBeRead) {
+  axis.setLabelFormatter(std::make_shared<NSNumberFormatter>());
+  axis.setMajorIntervalLength(1);
+  space->setXRange({0, 9000});
+  for (const CGFloat length : {1e5, 1e9, 1e300}) {
+    view = CGRect::make(-1000, -1000, length + 2000, 4000);
+    const AxisLayout placed = layout({length, 300});
+    EXPECT_EQ(placed.majorTicks.size(), 9001u) << length;
+    EXPECT_LE(placed.labels.size(), 1000u) << length;
+    EXPECT_GT(placed.labels.size(), 800u) << length;
+  }
+}
+
 TEST_F(AxisLayoutTest, HandMadeLabelsWithoutAPlaceAreNotDrawn) {
   axis.setLabelingPolicy(CPTAxisLabelingPolicy::none);
   axis.setAxisLabels({label("nan", kNaN), label("b", 3), label("inf", kInfinity),

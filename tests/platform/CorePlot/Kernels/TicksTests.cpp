@@ -127,6 +127,15 @@ TEST(FixedIntervalTicks, AreNotRepeatedWhereDoublesAreCoarserThanTheInterval) {
   EXPECT_EQ(ticks.major.back(), 1e15 + 1);
 }
 
+TEST(FixedIntervalTicks, EndAtTheLastMultipleThatDoublesTellApart) {
+  constexpr double kLast = 0x1p53;
+  EXPECT_EQ(fixedIntervalTicks(kLast - 2, kLast + 4, 1, 0, 0, 10), Ticks{});
+  EXPECT_THAT(fixedIntervalTicks(kLast - 2, kLast, 1, 0, 0, 10).major,
+              ElementsAre(kLast - 2, kLast - 1, kLast));
+  EXPECT_THAT(fixedIntervalTicks(kLast / 2 - 1, kLast / 2, 1, 0, 1, 10).minor,
+              ElementsAre(kLast / 2 - 0.5));
+}
+
 TEST(LogarithmicTicks, AreNoneWhenTheRangeMakesNoSense) {
   const std::pair<double, double> cases[] = {{kNaN, 1}, {1, kNaN}, {0, 1},         {-1, 1},
                                              {1, -1},   {1, 0},    {1, kInfinity}, {7, 7}};
