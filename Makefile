@@ -1,14 +1,17 @@
 # A short front for CMake; `cmake --preset release` and its companions work alone, too.
 PRESETS := release debug asan tsan coverage
+# What each target gets.
+FUZZ_SECONDS := 10
 EXPLORER := build/release/examples/impact-explorer/impact-explorer
 
-.PHONY: help demo test test-install check bench format setup setup-check headers symbols tidy \
+.PHONY: help demo test test-install check bench format setup setup-check headers symbols tidy fuzz \
         $(PRESETS:%=build-%) $(PRESETS:%=test-%)
 
 help:
 	@echo "make demo     draw the example figures into build/demo/, and open a window if there is a display"
 	@echo "make test     build and run the tests"
 	@echo "make check    all that a change has to pass; the tests are a part of it"
+	@echo "make fuzz     feed the fuzz targets, FUZZ_SECONDS=$(FUZZ_SECONDS) each"
 	@echo "make symbols  renew the lists of what the libraries export"
 	@echo "make bench    time complete figures; docs/performance.md says how they compare"
 	@echo "make format   put the sources into the common format"
@@ -34,7 +37,7 @@ test: test-release
 
 check: setup-check
 	@tools/check-tree
-	@$(MAKE) --no-print-directory test-release headers tidy test-install test-asan
+	@$(MAKE) --no-print-directory test-release headers tidy test-install test-asan fuzz
 
 bench: build/release/build.ninja
 	@dpkg -s libbenchmark-dev >/dev/null 2>&1 || { echo "bench: libbenchmark-dev is missing" >&2; exit 1; }
@@ -54,7 +57,7 @@ setup-check:
 	@tools/setup check
 
 # CMake notices later changes by itself, except those of the presets.
-$(PRESETS:%=build/%/build.ninja): build/%/build.ninja: CMakePresets.json | setup
+$(PRESETS:%=build/%/build.ninja) build/fuzz/build.ninja: build/%/build.ninja: CMakePresets.json | setup
 	@cmake --preset $*
 
 $(PRESETS:%=build-%): build-%: build/%/build.ninja
@@ -62,6 +65,10 @@ $(PRESETS:%=build-%): build-%: build/%/build.ninja
 
 $(PRESETS:%=test-%): test-%: build-%
 	@ctest --preset $*
+
+fuzz: setup-check build/fuzz/build.ninja
+	@cmake --build --preset fuzz
+	@tools/fuzz $(FUZZ_SECONDS)
 
 # Every public header compiles alone.
 headers: build/release/build.ninja
