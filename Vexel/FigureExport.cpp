@@ -27,7 +27,8 @@ std::string documentBytes(NSView& view, CGDocumentContext::Format format) {
 std::string bytes(NSView& view, const std::string& extension, CGFloat backingScale) {
   if (extension == ".pdf") return documentBytes(view, CGDocumentContext::Format::pdf);
   if (extension == ".svg") return documentBytes(view, CGDocumentContext::Format::svg);
-  const auto context = CGBitmapContext::create(view.bounds().size, backingScale);
+  const auto context =
+      CGBitmapContext::create(view.bounds().size, backingScale, CGBitmapContext::Use::file);
   draw(view, *context);
   return context->pngData();
 }

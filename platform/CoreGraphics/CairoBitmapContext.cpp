@@ -41,8 +41,8 @@ constexpr CGFloat kEdge = 1.0 / 512;
 
 }  // namespace
 
-CairoBitmapContext::CairoBitmapContext(CairoCanvas canvas, CGFloat backingScale)
-    : CairoContext(std::move(canvas)), backingScale_(backingScale) {}
+CairoBitmapContext::CairoBitmapContext(CairoCanvas canvas, CGFloat backingScale, Use use)
+    : CairoContext(std::move(canvas)), backingScale_(backingScale), use_(use) {}
 
 int CairoBitmapContext::pixelWidth() const {
   return cairo_image_surface_get_width(canvas_.surface());
@@ -129,14 +129,15 @@ void CairoBitmapContext::drawLayer(const CGLayer& layer) {
   if (kept && kept->fits(*this)) kept->drawOnto(canvas_);
 }
 
-std::unique_ptr<CGBitmapContext> CGBitmapContext::create(CGSize size, CGFloat backingScale) {
+std::unique_ptr<CGBitmapContext> CGBitmapContext::create(CGSize size, CGFloat backingScale,
+                                                         Use use) {
   const int width = pixelCount(size.width, backingScale),
             height = pixelCount(size.height, backingScale);
   const CGRect visible = CGRect::make(0, 0, width, height);
   CairoCanvas canvas(makeSurface(width, height), CairoCanvas::Surface::pixels,
                      {backingScale, 0, 0, -backingScale, 0, static_cast<CGFloat>(height)}, visible,
                      visible);
-  return std::make_unique<CairoBitmapContext>(std::move(canvas), backingScale);
+  return std::make_unique<CairoBitmapContext>(std::move(canvas), backingScale, use);
 }
 
 }  // namespace vexel

@@ -9,7 +9,7 @@ namespace vexel {
 /// Pixels in memory, drawn on with Cairo.
 class CairoBitmapContext final : public CairoContext<CGBitmapContext> {
  public:
-  CairoBitmapContext(CairoCanvas canvas, CGFloat backingScale);
+  CairoBitmapContext(CairoCanvas canvas, CGFloat backingScale, Use use);
 
   int pixelWidth() const override;
   int pixelHeight() const override;
@@ -26,11 +26,13 @@ class CairoBitmapContext final : public CairoContext<CGBitmapContext> {
   bool drawOnPixels(const std::function<void(const CGPixels&)>& draw) override;
   std::unique_ptr<CGLayer> makeLayer(const CGRect& rect) override;
   void drawLayer(const CGLayer& layer) override;
+  bool isDrawnOnce() const override { return use_ == Use::file; }
 
   const CairoCanvas& canvas() const { return canvas_; }
 
  private:
   CGFloat backingScale_;
+  Use use_;
 };
 
 }  // namespace vexel

@@ -15,7 +15,8 @@ bool isWhole(CGFloat pixels) {
 }  // namespace
 
 CairoLayer::CairoLayer(CairoCanvas canvas, CGFloat backingScale)
-    : made_(canvas.transform()), context_(std::move(canvas), backingScale) {}
+    : made_(canvas.transform()),
+      context_(std::move(canvas), backingScale, CGBitmapContext::Use::window) {}
 
 bool CairoLayer::fits(const CGContext& target) const {
   const auto* bitmap = dynamic_cast<const CairoBitmapContext*>(&target);

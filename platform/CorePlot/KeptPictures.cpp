@@ -20,12 +20,11 @@ std::vector<const void*> ownersOf(std::span<const Part> parts) {
 
 }  // namespace
 
-bool KeptPictures::Picture::shows(std::span<const Part> parts, const CGContext& context) const {
+bool KeptPictures::Picture::shows(std::span<const Part> parts) const {
   return std::equal(owners.begin(), owners.end(), parts.begin(), parts.end(),
                     [](const void* owner, const Part& part) {
                       return owner == part.owner && !part.needsDisplay;
-                    }) &&
-         layer->fits(context);
+                    });
 }
 
 /// The parts of a chart, with those that are put together apart as one.
@@ -95,8 +94,11 @@ void KeptPictures::draw(const ChartParts& parts, const CPTBorderedLayer* rounded
   std::erase_if(lower_, [&](const Picture& picture) {
     const std::size_t count = picture.owners.size();
     return count > all.size() || drawing.notAmidApart(count) != count ||
-           !picture.shows(all.first(count), context);
+           !picture.shows(all.first(count));
   });
+  if (context.isDrawnOnce()) return drawing.draw(0, all.size(), context, rect);
+
+  std::erase_if(lower_, [&](const Picture& picture) { return !picture.layer->fits(context); });
   const void* const changed = firstDirty == all.end() ? nullptr : firstDirty->owner;
   const bool changedAgain = std::exchange(changed_, changed) == changed;
 
@@ -123,15 +125,14 @@ void KeptPictures::draw(const ChartParts& parts, const CPTBorderedLayer* rounded
 
 void KeptPictures::drawApart(std::span<const Part> parts, const Drawing& drawing,
                              CGContext& context) {
-  if (!apart_ || !apart_->shows(parts, context)) {
-    apart_.reset();
-    auto layer = context.makeLayer(drawing.bounds());
-    CGContext& target = layer ? layer->context() : context;
-    for (const Part& part : parts) drawing.draw(part, target, std::nullopt);
-    if (!layer) return;
-    apart_ = Picture{std::move(layer), ownersOf(parts)};
-  }
-  context.drawLayer(*apart_->layer);
+  if (apart_ && !apart_->shows(parts)) apart_.reset();
+  if (apart_ && apart_->layer->fits(context)) return context.drawLayer(*apart_->layer);
+  auto layer = context.makeLayer(drawing.bounds());
+  CGContext& target = layer ? layer->context() : context;
+  for (const Part& part : parts) drawing.draw(part, target, std::nullopt);
+  if (!layer) return;
+  context.drawLayer(*layer);
+  if (!context.isDrawnOnce()) apart_ = Picture{std::move(layer), ownersOf(parts)};
 }
 
 }  // namespace vexel

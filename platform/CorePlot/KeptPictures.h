@@ -27,8 +27,8 @@ class KeptPictures {
     std::unique_ptr<CGLayer> layer;
     std::vector<const void*> owners;
 
-    /// Whether the picture is of these parts, unchanged, and can be laid on the context.
-    bool shows(std::span<const Part> parts, const CGContext& context) const;
+    /// Whether the picture is of these parts, unchanged.
+    bool shows(std::span<const Part> parts) const;
   };
   class Drawing;
 

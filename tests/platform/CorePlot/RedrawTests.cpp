@@ -1,3 +1,4 @@
+#include <CoreGraphics/CGDocumentContext.h>
 #include <CorePlot/CPTPlotSpaceAnnotation.h>
 
 #include <gmock/gmock.h>
@@ -238,6 +239,43 @@ TEST_F(RedrawTest, DrawingIntoAFileInBetweenDoesNoHarm) {
   upper->setDataLineStyle(CPTLineStyle{.lineWidth = 4});
   recorded(*graph);
   expectSameAsAfresh("drawing elsewhere");
+}
+
+TEST_F(RedrawTest, DrawingIntoAFileLosesNoPictureThatAWindowKeeps) {
+  for (const bool isDocument : {false, true}) {
+    display();
+    display();
+    const unsigned before = lower->displayCount();
+    if (isDocument) {
+      const auto file = CGDocumentContext::create(CGDocumentContext::Format::pdf, {300, 200});
+      graph->displayChart(*file);
+    } else {
+      const auto file = CGBitmapContext::create({300, 200}, 2, CGBitmapContext::Use::file);
+      graph->displayChart(*file);
+    }
+    EXPECT_EQ(lower->displayCount(), before + 1) << "the file shows nothing kept";
+    const auto kept = display();
+    EXPECT_EQ(lower->displayCount(), before + 1) << "the window does";
+    EXPECT_TRUE(kept == drawnAfresh());
+  }
+}
+
+TEST_F(RedrawTest, AFileShowsWhatTheWindowDoes) {
+  const auto window = display();
+  const auto file = CGBitmapContext::create({300, 200}, 1, CGBitmapContext::Use::file);
+  graph->displayChart(*file);
+  EXPECT_TRUE(pixelsOf(*file) == window);
+}
+
+TEST_F(RedrawTest, AChangeFirstShownInAFileIsShownInTheWindow) {
+  display();
+  display();
+  lowerSource.fields[1] = waves(3);
+  lower->setDataNeedsReloading();
+  const auto file = CGBitmapContext::create({300, 200}, 2, CGBitmapContext::Use::file);
+  graph->displayChart(*file);
+  const auto shown = display();
+  EXPECT_TRUE(shown == drawnAfresh());
 }
 
 TEST_F(RedrawTest, ANewPlotAtTheAddressOfARemovedOneIsDrawn) {

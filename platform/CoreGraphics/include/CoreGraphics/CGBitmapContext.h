@@ -19,9 +19,13 @@ class VEXEL_API CGBitmapContext : public CGContext {
   /// And in all: 1 GiB of them.
   static constexpr std::int64_t kMostPixels = std::int64_t{1} << 28;
 
+  /// A window is drawn again and again, and pictures of its parts are kept meanwhile.
+  enum class Use { window, file };
+
   /// `size` in points, `backingScale` pixels per point; the bitmap has the product, rounded, of
   /// pixels, at least one. Throws CGContextError.
-  static std::unique_ptr<CGBitmapContext> create(CGSize size, CGFloat backingScale);
+  static std::unique_ptr<CGBitmapContext> create(CGSize size, CGFloat backingScale,
+                                                 Use use = Use::window);
 
   virtual int pixelWidth() const = 0;
   virtual int pixelHeight() const = 0;

@@ -25,6 +25,8 @@ class VEXEL_API CGDocumentContext : public CGContext {
   /// Ends the page and gives the bytes of the file. Later drawing calls do nothing. Throws
   /// CGContextError when the drawing library reports a failure.
   virtual std::string finish() = 0;
+
+  bool isDrawnOnce() const override { return true; }
 };
 
 }  // namespace vexel
