@@ -1,6 +1,7 @@
 #include "SeriesLine.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -21,13 +22,13 @@ namespace {
 constexpr double kNarrow = 1.0 / 16;
 // So many records in a narrow part, on average, are worth replacing.
 constexpr double kWorthReplacing = 6;
-constexpr std::size_t kMostReserved = 1 << 17;
 // A step is late by as much as that: an error that a line between the extremes does not make.
 constexpr double kNarrowSteps = kNarrow / 4;
 // No point that a thinned line leaves out was farther from it than this, in points.
 constexpr CGFloat kLineTolerance = 0.02;
 // The drawing library's time for one stroke grows faster than its length.
 constexpr std::size_t kPointsPerStroke = 1000;
+constexpr std::size_t kCornersAtOnce = 64;
 // Wider pens cover everything anyway, in points.
 constexpr CGFloat kWidestPen = 1e4;
 // The ends of a pen look alike up to this width, in pixels.
@@ -42,32 +43,28 @@ bool isFinite(CGPoint p) {
   return std::isfinite(p.x) && std::isfinite(p.y);
 }
 
-/// Gathers the corners of a line through points.
+/// Gives the corners of a line through points.
+template <class Add>
 class Corners {
  public:
-  Corners(CPTScatterPlotInterpolation interpolation, std::size_t reserved)
-      : interpolation_(interpolation) {
-    corners_.reserve(reserved);
-  }
+  Corners(CPTScatterPlotInterpolation interpolation, Add& add)
+      : interpolation_(interpolation), add_(add) {}
 
   void add(CGPoint b) {
-    if (interpolation_ != CPTScatterPlotInterpolation::linear && !corners_.empty()) {
-      const CGPoint a = corners_.back();
-      if (isFinite(a) && isFinite(b)) {
-        const bool isHalfWay = interpolation_ == CPTScatterPlotInterpolation::histogram;
-        const CGFloat turn = isHalfWay ? a.x / 2 + b.x / 2 : b.x;
-        corners_.push_back({turn, a.y});
-        corners_.push_back({turn, b.y});
-      }
+    if (interpolation_ != CPTScatterPlotInterpolation::linear && isFinite(last_) && isFinite(b)) {
+      const bool isHalfWay = interpolation_ == CPTScatterPlotInterpolation::histogram;
+      const CGFloat turn = isHalfWay ? last_.x / 2 + b.x / 2 : b.x;
+      add_(CGPoint{turn, last_.y});
+      add_(CGPoint{turn, b.y});
     }
-    corners_.push_back(b);
+    add_(b);
+    last_ = b;
   }
-
-  std::vector<CGPoint> take() { return std::move(corners_); }
 
  private:
   CPTScatterPlotInterpolation interpolation_;
-  std::vector<CGPoint> corners_;
+  Add& add_;
+  CGPoint last_{std::nan(""), std::nan("")};
 };
 
 bool isSorted(const RangeIndex& records) {
@@ -80,10 +77,11 @@ std::pair<std::size_t, std::size_t> visibleRecords(const SeriesLine& line, CGFlo
                                      line.xScale.value(line.xScale.extent + pen));
 }
 
-/// The corners of the visible part of the line, mapped by `transform`, which keeps axes. Sorted
-/// records that lie closer together than `narrow` there are replaced by their extremes.
-std::vector<CGPoint> corners(const SeriesLine& line, std::pair<std::size_t, std::size_t> records,
-                             const CGAffineTransform& transform, double narrow) {
+/// Gives the corners of the visible part of the line, mapped by `transform`, which keeps axes.
+/// Sorted records that lie closer together than `narrow` there are replaced by their extremes.
+template <class Add>
+void forCorners(const SeriesLine& line, std::pair<std::size_t, std::size_t> records,
+                const CGAffineTransform& transform, double narrow, Add&& add) {
   const ScaleMap x(line.xScale, transform.a, transform.tx);
   const ScaleMap y(line.yScale, transform.d, transform.ty);
   const bool isLogarithmic = line.xScale.logarithmic;
@@ -94,15 +92,13 @@ std::vector<CGPoint> corners(const SeriesLine& line, std::pair<std::size_t, std:
                            : part * line.xScale.length;
   const auto narrowEnd = [=](double from) { return isLogarithmic ? from * width : from + width; };
   const double floor = line.yScale.logarithmic ? 0 : -std::numeric_limits<double>::infinity();
-  const std::size_t count = records.second - records.first;
-  Corners result(line.interpolation, std::min(count, kMostReserved));
-  const auto add = [&](double px, double py) { result.add({x(px), y(py)}); };
-  const double recordsInPart = static_cast<double>(count) * std::abs(part);
-  if (isSorted(line.records) && recordsInPart >= kWorthReplacing)
-    line.records.visitOutline(records.first, records.second, floor, narrowEnd, add);
+  Corners corners(line.interpolation, add);
+  const auto visit = [&](double px, double py) { corners.add({x(px), y(py)}); };
+  const auto count = static_cast<double>(records.second - records.first);
+  if (isSorted(line.records) && count * std::abs(part) >= kWorthReplacing)
+    line.records.visitOutline(records.first, records.second, floor, narrowEnd, visit);
   else
-    line.records.visit(records.first, records.second, add);
-  return result.take();
+    line.records.visit(records.first, records.second, visit);
 }
 
 double narrowPart(const SeriesLine& line) {
@@ -120,9 +116,17 @@ bool strokeOnPixels(CGContext& context, const SeriesLine& line, const CGStrokeSt
     if (width > kPlainPen && style.cap != CGLineCap::round &&
         line.records.count() <= kRecordsWithCaps)
       return;
-    const auto points = corners(line, visibleRecords(line, style.width), t, narrowPart(line));
-    isDrawn = strokeSortedLine(points, width, premultipliedPixel(style.color), pixels.buffer,
-                               pixels.clip);
+    if (width > LineRaster::kMaximumWidth) return;
+    LineRaster raster(pixels.buffer, pixels.clip, width);
+    std::array<CGPoint, kCornersAtOnce> some;
+    std::size_t count = 0;
+    forCorners(line, visibleRecords(line, style.width), t, narrowPart(line), [&](CGPoint corner) {
+      some[count++] = corner;
+      if (count == some.size()) raster.add({some.data(), std::exchange(count, 0)});
+    });
+    raster.add({some.data(), count});
+    raster.draw(premultipliedPixel(style.color));
+    isDrawn = true;
   });
   return isDrawn;
 }
@@ -188,9 +192,10 @@ void strokePath(CGContext& context, const SeriesLine& line, CGStrokeStyle style)
     style.dashPattern.clear();
   // A pattern goes by the length of the line through every record.
   const double narrow = style.dashPattern.empty() ? narrowPart(line) : 0;
+  std::vector<CGPoint> corners;
+  forCorners(line, records, {}, narrow, [&](CGPoint corner) { corners.push_back(corner); });
   const CGRect area = CGRect::make(0, 0, line.xScale.extent, line.yScale.extent);
-  for (auto& run :
-       clippedRuns(corners(line, records, {}, narrow), area.insetBy(-style.width, -style.width))) {
+  for (auto& run : clippedRuns(corners, area.insetBy(-style.width, -style.width))) {
     thinRun(run, kLineTolerance);
     strokeRun(context, run, style);
   }

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "LineIntervals.h"
+#include <Kernels/LineIntervals.h>
 
 namespace vexel {
 

@@ -1,4 +1,4 @@
-#include "LineIntervals.h"
+#include <Kernels/LineIntervals.h>
 
 #include <algorithm>
 #include <tuple>

@@ -1,4 +1,4 @@
-#include <LineIntervals.h>
+#include <Kernels/LineIntervals.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -242,10 +242,13 @@ TEST(RangeIndex, OutlineLooksLikeTheSamples) {
   for (double width : {1.0, 2.0}) {
     std::vector<std::uint32_t> a(kWidth * kHeight), b(kWidth * kHeight);
     const PixelRect everything = {0, 0, kWidth, kHeight};
-    ASSERT_TRUE(strokeSortedLine(points, width, 0xFF000000, {a.data(), kWidth, kHeight, kWidth},
-                                 everything));
-    ASSERT_TRUE(
-        strokeSortedLine(all, width, 0xFF000000, {b.data(), kWidth, kHeight, kWidth}, everything));
+    const auto stroke = [&](const std::vector<CGPoint>& line, std::vector<std::uint32_t>& pixels) {
+      LineRaster raster({pixels.data(), kWidth, kHeight, kWidth}, everything, width);
+      raster.add(line);
+      raster.draw(0xFF000000);
+    };
+    stroke(points, a);
+    stroke(all, b);
     double inked = 0, beyond16 = 0;
     int largest = 0;
     for (std::size_t i = 0; i < a.size(); ++i) {

@@ -3,27 +3,48 @@
 #include <CoreGraphics/CGPoint.h>
 #include <CoreGraphics/PixelBuffer.h>
 #include <CoreGraphics/PixelRect.h>
+#include <Kernels/CurveHull.h>
+#include <Kernels/LineIntervals.h>
 
 #include <cstdint>
 #include <span>
 
 namespace vexel {
 
-/// Strokes a curve of sorted x with a round pen: round joins, round ends. A translucent colour
+/// A curve of sorted x, stroked with a round pen: round joins, round ends. A translucent colour
 /// covers everything the stroke touches once, however often the curve crosses itself there.
 ///
 /// The points are in device pixels: x to the right, y down, pixel (i, j) covers i to i + 1 and j
 /// to j + 1. Their x ascend or descend; equal x are allowed. A point that is not finite breaks
 /// the line; one between two breaks draws a dot as wide as the pen. Coordinates may be of any
-/// size. The colour is a premultiplied pixel value. Nothing outside the clip is touched.
+/// size.
 ///
-/// False, and nothing is drawn, when the x are not sorted or the width is not above 0 and at most
-/// 256: what is left then is to stroke the curve in the general way.
-///
-/// Antialiasing is by area in y and by 8 sampling lines per pixel in x, 16 for pens thinner than a
-/// pixel. Where more than four points lie between two lines, the curve is taken through the first,
-/// the lowest and the highest with the neighbours of both, and the last.
-bool strokeSortedLine(std::span<const CGPoint> points, double width, std::uint32_t color,
-                      const PixelBuffer& target, const PixelRect& clip);
+/// Antialiasing is by area in y and by 16 sampling lines per pixel in x, 32 for pens thinner than a
+/// pixel. Points are shifted in x by up to half of the lines' distance.
+class LineRaster {
+ public:
+  static constexpr double kMaximumWidth = 256;
+
+  /// For what the clip shows of the target. The width is above 0 and at most kMaximumWidth.
+  LineRaster(const PixelBuffer& target, const PixelRect& clip, double width);
+
+  /// Goes on with the curve.
+  void add(std::span<const CGPoint> points);
+
+  /// Blends a premultiplied pixel value over what was covered. Nothing outside the clip is touched.
+  void draw(std::uint32_t color);
+
+ private:
+  void addFar(CGPoint point);
+  void finishRun();
+
+  PixelBuffer target_;
+  PixelRect view_;
+  double width_;
+  int linesPerPixel_;
+  CurveHull hull_;
+  LineIntervals intervals_;
+  CGPoint last_;  // not a number before the first point and in gaps
+};
 
 }  // namespace vexel

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <CoreGraphics/CGPoint.h>
+#include <CoreGraphics/PixelRect.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace vexel {
+
+/// How far a round pen reaches that is led along a curve of sorted x, on the vertical sampling
+/// lines of a view, which are at the middles of equal parts of its width. Everything is in pixels,
+/// y downwards.
+///
+/// The curve is known by its y on the lines, and by the lowest and highest of its points between
+/// two lines, which are taken to be half-way.
+class CurveHull {
+ public:
+  /// The coordinates of all points are at most that in size: doubles still tell well where a
+  /// segment crosses the view.
+  static constexpr double kFar = 1e8;
+
+  CurveHull(const PixelRect& view, int linesPerPixel, double radius);
+
+  /// Goes on with the curve.
+  void add(std::span<const CGPoint> points);
+  /// Goes on after a gap with a segment.
+  void addSegment(CGPoint from, CGPoint to);
+
+  /// Calls reached(line, top, bottom) for each sampling line that the pen reaches, and maybe for
+  /// others with a top that is not above the bottom, which both count from the view's top. The
+  /// curve is empty afterwards.
+  template <class Reached>
+  void finish(Reached&& reached) {
+    if (isEmpty()) return;
+    const auto [begin, end] = reachedLines();
+    for (int line = begin; line < end; line += kBlock) {
+      const Reach upwards = reachOf(upwards_, line);
+      const Reach downwards = reachOf(downwards_, line);
+      for (std::size_t i = 0; i < kBlock && line + static_cast<int>(i) < end; ++i)
+        reached(line + static_cast<int>(i), -upwards[i], downwards[i]);
+    }
+    clear();
+  }
+
+ private:
+  static constexpr int kBlock = 16;
+
+  using Reach = std::array<float, kBlock>;  // of the pen, on successive sampling lines
+  struct Side {
+    std::vector<float> onLines;
+    std::vector<float> behindLines;  // up to the next one
+  };
+  bool isEmpty() const { return first_ > final_; }
+  int reach() const { return static_cast<int>(pen_.size()) / 2; }
+
+  /// The x in sampling lines, the y from the view's top.
+  CGPoint placeOf(CGPoint p) const { return {p.x * linesPerPixel_ + start_, p.y - top_}; }
+  /// The first and the last line stand for everything farther out.
+  int lineBefore(CGPoint place) const {
+    return static_cast<int>(std::clamp(place.x, 0.0, lastLine_));
+  }
+  void addPoints(int line, double low, double high);
+  /// The lines that the segment between two places crosses.
+  void addBetween(CGPoint a, CGPoint b);
+  /// The first, and the one behind the last.
+  std::pair<int, int> reachedLines() const;
+  /// On the sampling lines from one on.
+  Reach reachOf(const Side& side, int line) const;
+  void clear();
+
+  int lineCount_;
+  double linesPerPixel_;
+  std::vector<float> pen_;  // half its height every half distance of lines, from its middle on
+  int margin_;              // lines before the view, and behind
+  double start_;            // of the first of them, from x = 0
+  double top_;
+  double lastLine_;
+  Side downwards_;
+  Side upwards_;  // of -y
+
+  int first_;  // of the lines left of points
+  int final_ = -1;
+  CGPoint last_;  // place
+};
+
+}  // namespace vexel
