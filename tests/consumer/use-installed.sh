@@ -44,9 +44,9 @@ for program in "${programs[@]}"; do
   "./$program" || fail "$program, built with pkg-config, fails"
 done
 
-# refused <what is asked for> <pattern of the reason>
+# refused <what is asked for> <pattern of the reason> [<option of cmake>]
 refused() {
-  if cmake -S "$consumer/refused" -B refused -DVexel_DIR="$libdir/cmake/Vexel" -DWANTED="$1" \
+  if cmake "${@:3}" -S "$consumer/refused" -B refused -DVexel_DIR="$libdir/cmake/Vexel" -DWANTED="$1" \
     >refused.log 2>&1; then
     fail "find_package finds what is not there: $1"
   fi
@@ -56,5 +56,8 @@ refused() {
 refused "0.2" 'compatible with requested version "0.2"'
 refused "9" 'compatible with requested version "9"'
 refused "0.1;COMPONENTS;Gtk" 'no component Gtk'
+if [[ ${#programs[@]} == 2 ]]; then
+  refused "0.1;COMPONENTS;Qt" 'needs the development files of Qt 6' -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON
+fi
 rm -f "$libdir"/cmake/Vexel/VexelQtTargets*
 refused "0.1;COMPONENTS;Qt" 'without its component Qt'
