@@ -64,8 +64,13 @@ void CPTPlot::readFromSource() {
   auto* const source = dataSource();
   if (!source) return;
   const std::size_t count = source->numberOfRecords(*this);
-  const std::size_t first = kept <= count ? kept : 0;
+  std::size_t first = kept <= count ? kept : 0;
   recordCount_ = readData(*source, {first, count - first});
+  if (recordCount_ < first) {
+    // Of a field it has fewer than it says, and than there were.
+    first = 0;
+    recordCount_ = readData(*source, {0, count});
+  }
   if (dataLabels_.size() != first) dataLabels_.clear();
   std::ranges::move(source->dataLabels(*this, {first, recordCount_ - first}),
                     std::back_inserter(dataLabels_));

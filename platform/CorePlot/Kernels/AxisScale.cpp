@@ -39,7 +39,7 @@ double grown(double base, double exponent) {
 bool AxisScale::isDrawable() const {
   if (!std::isfinite(location) || !std::isfinite(length) || !std::isfinite(extent)) return false;
   if (length == 0 || !(extent > 0)) return false;
-  return !logarithmic || (location > 0 && length > -location);
+  return !logarithmic || (location > 0 && length > -location && length / location != 0);
 }
 
 double AxisScale::position(double value) const {

@@ -22,17 +22,18 @@ struct Summary {
 /// Of `count` samples, a multiple of kLanes, with an x before them. What it says of extremes and
 /// order holds only when there is no gap. Separate lanes let the compiler use vectors.
 Summary summaryWithoutGaps(const double* x, const double* y, std::size_t count) {
+  const double* const previous = x - 1;
   double low[kLanes], high[kLanes], fall[kLanes], rise[kLanes], remainder[kLanes];
   for (std::size_t lane = 0; lane < kLanes; ++lane) {
     low[lane] = high[lane] = y[lane];
     fall[lane] = rise[lane] = 0;
-    remainder[lane] = x[-1] - x[-1];
+    remainder[lane] = *previous - *previous;
   }
   for (std::size_t i = 0; i < count; i += kLanes)
     for (std::size_t lane = 0; lane < kLanes; ++lane) {
       const double xi = x[i + lane];
       const double yi = y[i + lane];
-      const double step = xi - x[i + lane - 1];
+      const double step = xi - previous[i + lane];
       low[lane] = yi < low[lane] ? yi : low[lane];
       high[lane] = yi > high[lane] ? yi : high[lane];
       fall[lane] = step < fall[lane] ? step : fall[lane];

@@ -267,6 +267,28 @@ TEST_F(CPTPlotTest, InsertedOrVanishedRecordsAreReadAgain) {
   EXPECT_EQ(plot->recordCount(), 1u);
 }
 
+TEST_F(CPTPlotTest, AFieldOfFewerRecordsThanBeforeIsReadAgain) {
+  class Source : public GrowingSource {
+   public:
+    using GrowingSource::GrowingSource;
+    std::vector<std::shared_ptr<CPTTextLayer>> dataLabels(const CPTPlot&,
+                                                          CPTRecordRange range) override {
+      askedLabels.push_back(range);
+      return {};
+    }
+    std::vector<CPTRecordRange> askedLabels;
+  };
+  Source shrinking({{10, 20, 30}, {1, 2, 3}});
+  plot->setDataSource(&shrinking);
+  recorded(*graph);
+  shrinking.fields = {{10, 20, 30, 40}, {1}};
+  plot->insertData(3, 1);
+  recorded(*graph);
+  EXPECT_EQ(plot->recordCount(), 1u);
+  EXPECT_EQ(shrinking.askedLabels.back(), (CPTRecordRange{0, 1}));
+  EXPECT_EQ(shrinking.askedSymbols.back(), (CPTRecordRange{0, 1}));
+}
+
 TEST_F(CPTPlotTest, AListOfSymbolsThatHasEndedDoesNotGoOn) {
   GrowingSource growing({{10, 20}, {1, 2}});
   growing.hasSymbols = false;

@@ -41,6 +41,8 @@ TEST(AxisScale, IsNotDrawableWithoutARangeAndALength) {
       logarithmic(kNaN, 1),
       logarithmic(1, 0),
       logarithmic(1, kInfinity),
+      logarithmic(1e300, kSmallest),
+      logarithmic(1e300, -1e-300),
       AxisScale{},
   };
   for (const AxisScale& scale : cases) {

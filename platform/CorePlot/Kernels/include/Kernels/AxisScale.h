@@ -20,8 +20,8 @@ struct VEXEL_API AxisScale {
   double extent = 0;
 
   /// Whether values have places at all: location, length and extent are finite, length is not 0,
-  /// extent is above 0, and on a logarithmic scale both ends of the range are above 0. The far end
-  /// need not be a finite number.
+  /// extent is above 0, and on a logarithmic scale both ends of the range are above 0 and no
+  /// double is too small for their relative distance. The far end need not be a finite number.
   bool isDrawable() const;
 
   /// The place of a value in points from the start of the range; outside 0 to extent when the
