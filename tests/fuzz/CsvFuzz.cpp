@@ -1,6 +1,3 @@
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -9,6 +6,7 @@
 
 #include "CsvReader.h"
 #include "InputError.h"
+#include "MemoryFile.h"
 #include "Require.h"
 #include "TimeColumn.h"
 
@@ -16,22 +14,6 @@ namespace {
 
 using namespace explorer;
 using vexel::require;
-
-/// A file without a place on the disk.
-class MemoryFile {
- public:
-  MemoryFile(const std::uint8_t* data, std::size_t size) : descriptor_(memfd_create("csv", 0)) {
-    require(write(descriptor_, data, size) == static_cast<ssize_t>(size), "the file is written");
-  }
-  ~MemoryFile() { close(descriptor_); }
-  MemoryFile(const MemoryFile&) = delete;
-  MemoryFile& operator=(const MemoryFile&) = delete;
-
-  std::string name() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
-
- private:
-  int descriptor_;
-};
 
 bool isOneLine(const std::string& text) {
   return text.find_first_of("\r\n") == text.npos;
@@ -56,7 +38,7 @@ void checkTable(const Table& table) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const MemoryFile file(data, size);
+  const vexel::MemoryFile file(data, size);
   try {
     const CsvContent csv = readCsv(file.name());
     checkTable(csv.table);

@@ -97,12 +97,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         graph->reloadData();
         break;
       case 2: {
-        sources.back()->extend(input);
-        const std::size_t added = input.byte();
+        // Now and then other data are passed off as more of the same.
+        if (input.choice(4) == 0)
+          sources.back()->replace(input);
+        else
+          sources.back()->extend(input);
         for (const auto& plot : graph->allPlots())
-          plot->insertData(input.flag() ? plot->recordCount() : input.byte(), added);
-        // Every one must be told of numbers that have moved.
-        if (added == 0) graph->reloadData();
+          plot->insertData(input.flag() ? plot->recordCount() : input.byte(), 1 + input.byte());
         break;
       }
       case 3:
