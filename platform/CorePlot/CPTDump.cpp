@@ -24,7 +24,8 @@ std::string box(const CPTLayer& layer, CGPoint root) {
 
 std::string color(const CGColor& c) {
   const auto byte = [](double component) {
-    return static_cast<int>(std::min(std::max(component, 0.0), 1.0) * 255 + 0.5);
+    // In this order NaN gives 0.
+    return static_cast<int>(std::min(std::max(0.0, component), 1.0) * 255 + 0.5);
   };
   std::string text =
       fmt::format("#{:02x}{:02x}{:02x}", byte(c.red()), byte(c.green()), byte(c.blue()));

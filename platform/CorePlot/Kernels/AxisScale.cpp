@@ -63,7 +63,7 @@ double AxisScale::value(double position) const {
   const double fraction = position / extent;
   if (logarithmic) return grown(location, fraction * logarithmicSpan(location, length));
   const double direct = location + fraction * length;
-  return std::isfinite(direct) ? direct : (location / 2 + fraction * (length / 2)) * 2;
+  return std::isfinite(direct) ? direct : (location / 2 + fraction / 2 * length) * 2;
 }
 
 }  // namespace vexel

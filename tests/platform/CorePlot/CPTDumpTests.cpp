@@ -1,7 +1,10 @@
 #include <CorePlot/CPTDump.h>
 
 #include <CorePlot/CPTPlotSpaceAnnotation.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <limits>
 
 #include "platform/CorePlot/Charts.h"
 #include "platform/CorePlot/ListSource.h"
@@ -79,6 +82,14 @@ TEST(CPTDump, LookingAtAChartLeavesItsNeedForDisplay) {
   dump(*graph);
   EXPECT_TRUE(plot->needsDisplay());
   EXPECT_EQ(plot->recordCount(), 2u);
+}
+
+TEST(CPTDump, WritesColoursOutsideTheirScaleAsTheNearestOnIt) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double infinity = std::numeric_limits<double>::infinity();
+  const auto graph = std::make_shared<CPTXYGraph>();
+  graph->setFill(CPTFill(CPTColor::colorWithComponents(nan, infinity, -infinity, -2)));
+  EXPECT_THAT(dump(*graph), testing::HasSubstr("fill #00ff0000\n"));
 }
 
 }  // namespace

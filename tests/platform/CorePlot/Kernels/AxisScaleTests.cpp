@@ -147,6 +147,7 @@ TEST(AxisScale, FindsValuesBeyondTheRange) {
   EXPECT_EQ(linear(0, 10).value(-50), -5);
   EXPECT_EQ(linear(-1e308, 1e308).value(150), 5e307);
   EXPECT_EQ(linear(0, 1e308).value(1e300), kInfinity);
+  EXPECT_EQ(linear(0, kSmallest, 1e-300).value(-1e300), -kInfinity);
   EXPECT_NEAR(logarithmic(1, 9).value(200), 100, 1e-12);
   EXPECT_EQ(logarithmic(1, 9).value(-1e6), 0);
   EXPECT_EQ(logarithmic(1, 9).value(1e6), kInfinity);
