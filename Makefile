@@ -4,13 +4,14 @@ PRESETS := release debug asan tsan coverage
 FUZZ_SECONDS := 10
 EXPLORER := build/release/examples/impact-explorer/impact-explorer
 
-.PHONY: help demo test test-install check bench format setup setup-check headers symbols tidy fuzz \
+.PHONY: help demo test test-install check docs bench format setup setup-check headers symbols tidy fuzz \
         $(PRESETS:%=build-%) $(PRESETS:%=test-%)
 
 help:
 	@echo "make demo     draw the example figures into build/demo/, and open a window if there is a display"
 	@echo "make test     build and run the tests"
 	@echo "make check    all that a change has to pass; the tests are a part of it"
+	@echo "make docs     write the reference of the headers into build/docs/html"
 	@echo "make fuzz     feed the fuzz targets, FUZZ_SECONDS=$(FUZZ_SECONDS) each"
 	@echo "make symbols  renew the lists of what the libraries export"
 	@echo "make bench    time complete figures; docs/performance.md says how they compare"
@@ -37,7 +38,12 @@ test: test-release
 
 check: setup-check
 	@tools/check-tree
-	@$(MAKE) --no-print-directory test-release headers tidy test-install test-asan fuzz
+	@$(MAKE) --no-print-directory test-release headers docs tidy test-install test-asan fuzz
+
+# Every public declaration says what it is.
+docs: setup-check
+	@mkdir -p build/docs
+	@doxygen docs/Doxyfile
 
 bench: build/release/build.ninja
 	@dpkg -s libbenchmark-dev >/dev/null 2>&1 || { echo "bench: libbenchmark-dev is missing" >&2; exit 1; }

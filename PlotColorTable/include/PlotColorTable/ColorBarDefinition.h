@@ -14,6 +14,7 @@ namespace vexel {
 /// What a colour bar shows. A value; two are equal when all fields are, formatters when they are
 /// the same object.
 struct VEXEL_API ColorBarDefinition {
+  /// The scale of the bar.
   enum class AxisType {
     /// Classes of a discrete quantity: no bar is drawn.
     discrete,

@@ -18,9 +18,8 @@ using ColorTable = std::vector<ColorTableEntry>;
 /// Tables by their number.
 using ColorTableFamily = std::map<std::int64_t, ColorTable>;
 
-// The catalogue, compiled in. Each family is made when it is first asked for, by whatever thread,
-// never changes after that and lives as long as the process.
-
+/// The catalogue, compiled in. Each family is made when it is first asked for, by whatever thread,
+/// never changes after that and lives as long as the process.
 VEXEL_API const ColorTableFamily& idlColorTables();
 VEXEL_API const ColorTableFamily& gmtColorTables();
 VEXEL_API const ColorTableFamily& brewerColorTables();

@@ -27,8 +27,10 @@ class VEXEL_API ColorbarPlot : public virtual Vexel {
 
   // State, null until the operations below assign it
 
+  /// The view and the graph of the bar.
   virtual std::shared_ptr<CPTGraphHostingView>& colorbarView() = 0;
   virtual std::shared_ptr<CPTXYGraph>& colorbarGraph() = 0;
+  /// The view and the graph of the figure.
   virtual std::shared_ptr<CPTGraphHostingView>& figureView() = 0;
   virtual std::shared_ptr<CPTXYGraph>& figureGraph() = 0;
 
@@ -59,6 +61,7 @@ class VEXEL_API ColorbarPlot : public virtual Vexel {
   virtual void createColorbar(const ColorBarDefinition& definition);
 };
 
+/// Keeps what ColorbarPlot asks its adopters to store.
 template <>
 class VEXEL_API AdopterState<ColorbarPlot> : public virtual ColorbarPlot,
                                              public virtual AdopterState<Vexel> {

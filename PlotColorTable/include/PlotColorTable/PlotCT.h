@@ -25,6 +25,7 @@ namespace vexel {
 /// error.
 class VEXEL_API PlotCT {
  public:
+  /// The tables; a raw value keeps its meaning.
   enum Case : std::uint8_t {
     idlBWLinear = 0,
     idlBlueWhite = 1,
@@ -47,10 +48,12 @@ class VEXEL_API PlotCT {
     xanCyanotype01 = 18,
   };
 
+  /// That table.
   constexpr PlotCT(Case table) : case_(table) {}
 
   /// The table of that raw value; absent for every number outside 0 to 18.
   static std::optional<PlotCT> fromRawValue(std::int64_t rawValue);
+  /// The number that fromRawValue() takes.
   constexpr std::int64_t rawValue() const {
     if (case_ > xanCyanotype01) refuse();
     return case_;

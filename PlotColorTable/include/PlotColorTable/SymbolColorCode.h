@@ -17,6 +17,7 @@ namespace vexel {
 /// value or for colours is a fatal error.
 class VEXEL_API SymbolColorCode {
  public:
+  /// The quantities; a raw value keeps its meaning.
   enum Case : std::uint8_t {
     none = 0,
     impactCharge = 1,
@@ -41,17 +42,18 @@ class VEXEL_API SymbolColorCode {
   using CompositionTypeHandler =
       std::function<std::optional<ColorBarDefinition>(const SymbolValues&)>;
 
+  /// That quantity.
   constexpr SymbolColorCode(Case quantity) : case_(quantity) {}
 
   /// The quantity of that raw value; absent for 13 and every number outside 0 to 17.
   static std::optional<SymbolColorCode> fromRawValue(std::int64_t rawValue);
+  /// The number that fromRawValue() takes.
   constexpr std::int64_t rawValue() const {
     if (case_ > bulkMass || case_ == kUnused) refuse();
     return case_;
   }
 
-  // Whether the value is a case. Setting true makes it that case, setting false changes nothing.
-
+  /// Whether the value is a case. Setting true makes it that case, setting false changes nothing.
   constexpr bool isNone() const { return case_ == none; }
   constexpr void setIsNone(bool is) { become(none, is); }
   constexpr bool isImpactCharge() const { return case_ == impactCharge; }
@@ -91,9 +93,8 @@ class VEXEL_API SymbolColorCode {
   /// compositionType.
   constexpr bool hasColorBar() const { return !isNone() && !isCompositionType(); }
 
-  // The table of each quantity when none is chosen. The application may assign others, on one
-  // thread; the first use may be on any. The names are settled, with their slips of the pen.
-
+  /// The table of each quantity when none is chosen. The application may assign others, on one
+  /// thread; the first use may be on any. The names are settled, with their slips of the pen.
   static PlotCT& impactChargeCT();
   static PlotCT& wfIntegralCT();
   static PlotCT& riseTimeCT();

@@ -16,13 +16,16 @@ namespace vexel {
 class VEXEL_API SymbolValues {
  public:
   SymbolValues() = default;
+  /// Of doubles.
   template <class Range>
   requires std::constructible_from < std::span<const double>,
   const Range& > SymbolValues(const Range& numbers) : numbers_(numbers) {}
+  /// Of objects.
   template <class Range>
   requires std::constructible_from < std::span<const std::any>,
   const Range& > SymbolValues(const Range& objects) : objects_(objects) {}
 
+  /// How many values.
   std::size_t count() const { return numbers_.size() + objects_.size(); }
 
   /// The values as they stand when they are doubles; otherwise empty.

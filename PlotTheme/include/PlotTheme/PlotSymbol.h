@@ -15,6 +15,7 @@ namespace vexel {
 /// its raw value or plot symbol is a fatal error.
 class VEXEL_API PlotSymbol {
  public:
+  /// The shapes; a raw value keeps its meaning.
   enum Case : std::uint8_t {
     circle = 0,
     diamond = 1,
@@ -24,10 +25,12 @@ class VEXEL_API PlotSymbol {
     star = 5,
   };
 
+  /// That shape.
   constexpr PlotSymbol(Case symbol) : case_(symbol) {}
 
   /// The symbol of that raw value; absent for every number outside 0 to 5.
   static std::optional<PlotSymbol> fromRawValue(std::int64_t rawValue);
+  /// The number that fromRawValue() takes.
   constexpr std::int64_t rawValue() const {
     if (case_ > star) refuse();
     return case_;

@@ -21,12 +21,15 @@ namespace vexel {
 /// property is a fatal error.
 class VEXEL_API PlotTheme {
  public:
+  /// The themes; a raw value keeps its meaning.
   enum Case : std::int64_t { black = 0, white = 1, print = 2 };
 
+  /// That theme.
   constexpr PlotTheme(Case theme) : case_(theme) {}
 
   /// The theme of that raw value; absent for every number but 0, 1 and 2.
   static std::optional<PlotTheme> fromRawValue(std::int64_t rawValue);
+  /// The number that fromRawValue() takes.
   constexpr std::int64_t rawValue() const {
     if (case_ < black || case_ > print) refuse();
     return case_;
@@ -48,12 +51,16 @@ class VEXEL_API PlotTheme {
   /// Outlines of symbols.
   NSColor symbolLineColor() const;
   CPTColor symbolLineCPTColor() const;
+  /// Labels.
   NSColor labelColor() const;
+  /// Markers.
   NSColor markerColor() const;
   /// Of the light themes generic grey 0.8, not the light grey of markerColor.
   CPTColor markerCPTColor() const;
+  /// Areas.
   NSColor fillColor() const;
   CPTColor fillCPTColor() const;
+  /// Grid lines.
   NSColor gridLineColor() const;
   /// Differs from gridLineColor in the light themes as markerCPTColor does from markerColor, on
   /// purpose.

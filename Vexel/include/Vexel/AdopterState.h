@@ -14,6 +14,7 @@ namespace vexel {
 template <class Protocol>
 class AdopterState;
 
+/// Keeps what Vexel asks its adopters to store.
 template <>
 class VEXEL_API AdopterState<Vexel> : public virtual Vexel {
  public:

@@ -30,11 +30,13 @@ struct VEXEL_API AnnotationArguments {
   std::optional<std::string> color = std::nullopt;
   /// Of the text; comes before nsColor. With neither it is the theme's foreground.
   std::optional<CPTColor> cptcolor = std::nullopt;
+  /// Of the text when there is no cptcolor.
   std::optional<NSColor> nsColor = std::nullopt;
 };
 
 /// Where an attributed text stands on a graph; as in AnnotationArguments.
 struct VEXEL_API AttributedAnnotationArguments {
+  /// As above.
   Argument<std::shared_ptr<CPTXYGraph>> graph;
   std::optional<std::vector<float>> anchorPlotPoint = std::nullopt;
   std::optional<std::vector<double>> anchorPointNormal = std::nullopt;

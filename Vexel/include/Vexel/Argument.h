@@ -27,6 +27,7 @@ class VEXEL_API Argument {
   template <ArgumentValue<T> Value>
   constexpr Argument(Value&& value) : value_(static_cast<T>(std::forward<Value>(value))) {}
 
+  /// The value.
   constexpr const T& operator*() const { return value_; }
   constexpr const T* operator->() const { return &value_; }
 

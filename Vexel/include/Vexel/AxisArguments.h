@@ -33,12 +33,15 @@ struct VEXEL_API YAxisArguments {
   Argument<Number> yScale;
   /// Of the tick labels; null: a number formatter with as many digits as the interval asks for.
   std::shared_ptr<NSFormatter> formatter = nullptr;
+  /// Major grid lines.
   Argument<bool> gridLines;
   /// Only with gridLines.
   Argument<bool> minorGridLines;
   /// Absent: 3. A negative number is a fatal error.
   std::optional<int> minorTicksPerInterval = std::nullopt;
+  /// True: ticks have no labels.
   Argument<bool> noLabels;
+  /// False: no ticks are drawn.
   Argument<bool> tickMarks;
   /// Exactly these ticks, with tickMarks. Ignored by the overload for float.
   std::optional<std::set<double>> tickLocations = std::nullopt;
@@ -68,6 +71,7 @@ struct VEXEL_API XAxisArguments {
   std::shared_ptr<NSFormatter> formatter = nullptr;
   /// Major and minor grid lines.
   Argument<bool> gridLines;
+  /// True: ticks have no labels.
   Argument<bool> noLabels;
   /// False: no ticks but those by hand and those of time, and these as the engine draws them.
   Argument<bool> tickMarks;
@@ -83,6 +87,7 @@ struct VEXEL_API XAxisArguments {
   Argument<bool> onNewPlotSpace;
   /// Used when it is a CPTAxisDelegate; referred to weakly.
   NSObject* delegate = nullptr;
+  /// See CPTAxis::separateLayers().
   Argument<bool> separateLayers;
 };
 

@@ -36,16 +36,20 @@ class VEXEL_API PlotAnnotation : public virtual NSObject {
     normal,
   };
 
+  /// What an annotation is made of.
   struct Arguments {
     /// x, y as `coordinates` says.
     Argument<std::vector<double>> location;
+    /// What the location means.
     Argument<Coordinates> coordinates;
     /// Colour and size in points of a plain label.
     Argument<NSColor> color;
     Argument<float> fontSize;
+    /// Plain text; absent: the attributed one.
     std::optional<std::string> label = std::nullopt;
     /// Used when there is no plain label.
     std::optional<NSAttributedString> attributedLabel = std::nullopt;
+    /// On which side of the location the text stands.
     Argument<Alignment> alignment;
   };
 
@@ -54,20 +58,26 @@ class VEXEL_API PlotAnnotation : public virtual NSObject {
   PlotAnnotation(const PlotAnnotation&) = delete;
   PlotAnnotation& operator=(const PlotAnnotation&) = delete;
 
+  /// x, y as coordinates() says.
   const std::vector<double>& location() const { return location_; }
   void setLocation(std::vector<double> location) { location_ = std::move(location); }
+  /// Of a plain label, and its size in points.
   const NSColor& color() const { return color_; }
   void setColor(const NSColor& color) { color_ = color; }
   float fontSize() const { return fontSize_; }
   void setFontSize(float points) { fontSize_ = points; }
+  /// The plain label; absent: the attributed one is used.
   const std::optional<std::string>& label() const { return label_; }
   void setLabel(std::optional<std::string> label) { label_ = std::move(label); }
+  /// Used when there is no plain label.
   const std::optional<NSAttributedString>& attributedLabel() const { return attributedLabel_; }
   void setAttributedLabel(std::optional<NSAttributedString> label) {
     attributedLabel_ = std::move(label);
   }
+  /// On which side of the anchor the text stands.
   Alignment alignment() const { return alignment_; }
   void setAlignment(Alignment alignment) { alignment_ = alignment; }
+  /// What the location means.
   Coordinates coordinates() const { return coordinates_; }
   void setCoordinates(Coordinates coordinates) { coordinates_ = coordinates; }
 

@@ -9,6 +9,7 @@ namespace vexel {
 /// The view that hosts a figure. It reports every size that it is set to.
 class VEXEL_API PlotView : public NSView {
  public:
+  /// A view without a delegate.
   explicit PlotView(CGRect frame = {}) : NSView(frame) {}
 
   /// Referred to weakly; null (as at the start) or gone: nobody is told.

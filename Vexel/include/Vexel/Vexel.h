@@ -37,6 +37,7 @@ namespace vexel {
 /// adopt several.
 class VEXEL_API Vexel : public CPTPlotDataSource {
  public:
+  /// Constraints by their identifiers.
   using ViewConstraints = std::map<std::string, std::shared_ptr<NSLayoutConstraint>>;
 
   Vexel() = default;
@@ -54,6 +55,7 @@ class VEXEL_API Vexel : public CPTPlotDataSource {
   virtual std::vector<std::shared_ptr<CPTXYGraph>>& graphs() = 0;
   /// Every constraint of the layout by its identifier, such as "hostingView0HeightConstraint".
   virtual ViewConstraints& viewConstraints() = 0;
+  /// The colours of graphs, axes and series that are added from now on.
   virtual PlotTheme& theme() = 0;
   /// Free for the adopter.
   virtual std::string& auxiliaryText() = 0;
@@ -66,7 +68,9 @@ class VEXEL_API Vexel : public CPTPlotDataSource {
 
   /// The last step of initialisation.
   virtual void setupPlot() = 0;
+  /// Shows what is presented; what the numbers mean is up to the adopter.
   virtual void draw(const std::vector<double>& presented) = 0;
+  /// Takes in what has changed.
   virtual void refresh(const std::vector<double>& presented) = 0;
 
   // Life cycle

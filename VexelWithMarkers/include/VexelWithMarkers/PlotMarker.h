@@ -20,30 +20,42 @@ namespace vexel {
 /// and annotations by whoever draws it. Coordinates are in data units.
 class VEXEL_API PlotMarker {
  public:
+  /// What is drawn.
   enum class MarkerType { symbol, label, verticalLine, horizontalLine, box };
 
   /// Numbers in the order of a series; an absent one ends the line.
   using Numbers = std::vector<std::optional<NSNumber>>;
 
+  /// What a marker of any type is made of.
   struct Arguments {
+    /// Which numbers count depends on the type.
     Argument<MarkerType> type;
     Argument<double> x;
     /// Single precision, and so is yRange.
     Argument<float> y;
+    /// Start and end of a horizontal line or box; may be empty for others.
     Argument<std::vector<double>> xRange;
     Argument<std::vector<float>> yRange;
+    /// The attributed label comes before the plain one, which has the colour.
     std::optional<std::string> label = std::nullopt;
     std::optional<NSAttributedString> attributedLabel = std::nullopt;
+    /// Whether axis labels are turned by a quarter turn.
     Argument<bool> rotate;
+    /// Of the plain label; absent: the chart engine's default.
     std::optional<NSColor> color = std::nullopt;
   };
 
+  /// What a box is made of.
   struct BoxArguments {
+    /// Start and end.
     Argument<std::vector<double>> xRange;
     Argument<std::vector<double>> yRange;
+    /// The attributed label comes before the plain one, which has the colour.
     std::optional<std::string> label = std::nullopt;
     std::optional<NSAttributedString> attributedLabel = std::nullopt;
+    /// Whether axis labels are turned by a quarter turn.
     Argument<bool> rotate;
+    /// Of the plain label; absent: the chart engine's default.
     std::optional<NSColor> color = std::nullopt;
   };
 
@@ -51,8 +63,10 @@ class VEXEL_API PlotMarker {
   explicit PlotMarker(const Arguments& arguments);
   /// A box, with x and y the whole number 0.
   explicit PlotMarker(const BoxArguments& arguments);
+  /// The same.
   static PlotMarker makePlotBox(const BoxArguments& arguments) { return PlotMarker(arguments); }
 
+  /// What is drawn, and where.
   MarkerType type = MarkerType::symbol;
   NSNumber x;
   NSNumber y;
@@ -60,6 +74,7 @@ class VEXEL_API PlotMarker {
   std::vector<NSNumber> xRange;
   /// Start and end of a box; of no use to a line.
   std::vector<NSNumber> yRange;
+  /// Plain text; absent: none.
   std::optional<std::string> label;
   /// Comes before `label` in cptLabel.
   std::optional<NSAttributedString> attributedLabel;

@@ -26,6 +26,7 @@ namespace vexel {
 /// auxiliaryValues, which initialisation empties, before the first vertical marker.
 class VEXEL_API VexelWithMarkers : public virtual Vexel {
  public:
+  /// Identifiers of the series.
   static constexpr const char* kVerticalMarker = "Vertical Marker";
   static constexpr const char* kHorizontalMarker = "Horizontal Marker";
   static constexpr const char* kPermanentVerticalMarker = "Permanent Vertical Marker";
@@ -33,6 +34,7 @@ class VEXEL_API VexelWithMarkers : public virtual Vexel {
 
   // State: positions in plot-space units, 0 after initialisation. They outlive the markers.
 
+  /// Those of the markers that follow the mouse, and of those that stay.
   virtual double& verticalMarkerX() = 0;
   virtual float& horizontalMarkerY() = 0;
   virtual double& permanentVerticalMarkerX() = 0;
@@ -46,11 +48,14 @@ class VEXEL_API VexelWithMarkers : public virtual Vexel {
   /// Moves the marker to the pointer and lets its series read its data again. Without the series
   /// the position is stored and an error logged.
   virtual void updateVerticalMarker(const NSEvent& with, const std::shared_ptr<CPTXYGraph>& graph);
+  /// Removes the series; the position stays.
   virtual void removeVerticalMarker(const std::shared_ptr<CPTXYGraph>& graph);
 
+  /// Adds the marker that stays, at the pointer or at `at`.
   virtual void setPermanentVerticalMarker(const NSEvent& with,
                                           const std::shared_ptr<CPTXYGraph>& graph);
   virtual void setPermanentVerticalMarker(double at, const std::shared_ptr<CPTXYGraph>& graph);
+  /// Removes the series; the position stays.
   virtual void removePermanentVerticalMarker(const std::shared_ptr<CPTXYGraph>& graph);
 
   // Horizontal markers, in the colour of series that are given none
@@ -64,16 +69,20 @@ class VEXEL_API VexelWithMarkers : public virtual Vexel {
   /// the position is stored and, on purpose, nothing logged.
   virtual void updateHorizontalMarker(const NSEvent& with, const std::shared_ptr<CPTXYGraph>& graph,
                                       const std::vector<float>& yRange, float yScale);
+  /// Removes the series; the position stays.
   virtual void removeHorizontalMarker(const std::shared_ptr<CPTXYGraph>& graph);
 
+  /// Adds the marker that stays.
   virtual void setPermanentHorizontalMarker(float at, const std::shared_ptr<CPTXYGraph>& graph,
                                             const std::vector<float>& yRange, float yScale);
+  /// Removes the series; the position stays.
   virtual void removePermanentHorizontalMarker(const std::shared_ptr<CPTXYGraph>& graph);
 
  protected:
   void resetState() override;
 };
 
+/// Keeps what VexelWithMarkers asks its adopters to store.
 template <>
 class VEXEL_API AdopterState<VexelWithMarkers> : public virtual VexelWithMarkers,
                                                  public virtual AdopterState<Vexel> {

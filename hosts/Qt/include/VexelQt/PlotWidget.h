@@ -69,6 +69,7 @@ class VEXEL_API PlotWidget : public QWidget {
   bool print(QPagedPaintDevice& device) const;
 
  protected:
+  /// Hand what Qt tells to the views.
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

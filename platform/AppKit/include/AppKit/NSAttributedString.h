@@ -15,6 +15,7 @@ class VEXEL_API NSAttributedString {
  public:
   /// A piece of text that looks the same throughout; not empty.
   struct Run {
+    /// The characters, UTF-8, and how they look.
     std::string text;
     NSTextAttributes attributes;
 
@@ -25,11 +26,13 @@ class VEXEL_API NSAttributedString {
   NSAttributedString() = default;
   explicit NSAttributedString(std::string text, NSTextAttributes attributes = {});
 
+  /// Adds text behind the present one; empty text changes nothing.
   void append(std::string text, NSTextAttributes attributes = {});
   void append(const NSAttributedString& other);
 
   /// The text alone.
   std::string string() const;
+  /// Whether there is no text.
   bool isEmpty() const { return runs_.empty(); }
   /// The pieces in order; neighbours look different.
   const std::vector<Run>& runs() const { return runs_; }

@@ -14,6 +14,7 @@ class VEXEL_API NSColor {
     return {onUnit(red), onUnit(green), onUnit(blue), onUnit(alpha)};
   }
 
+  /// The colours of these names, opaque.
   static constexpr NSColor whiteColor() { return {1, 1, 1, 1}; }
   static constexpr NSColor blackColor() { return {0, 0, 0, 1}; }
   static constexpr NSColor grayColor() { return {0.5, 0.5, 0.5, 1}; }
@@ -31,6 +32,7 @@ class VEXEL_API NSColor {
   /// Black with alpha 0: draws nothing.
   static constexpr NSColor clearColor() { return {0, 0, 0, 0}; }
 
+  /// On 0 to 1.
   constexpr double redComponent() const { return red_; }
   constexpr double greenComponent() const { return green_; }
   constexpr double blueComponent() const { return blue_; }

@@ -12,9 +12,11 @@ namespace vexel {
 /// Something the user did with the mouse or the keyboard. A value, made by whoever hosts a
 /// window and handed to NSWindow::sendEvent().
 struct VEXEL_API NSEvent {
+  /// What was done.
   NSEventType type = NSEventType::mouseMoved;
   /// Where the pointer is, in points from the window's bottom-left corner; y grows upwards.
   CGPoint locationInWindow = {};
+  /// The modifier keys that were down.
   NSEventModifierFlags modifierFlags = NSEventModifierFlags::none;
   /// 1 for a click, 2 for a double click, and so on; 0 for events that are no clicks.
   int clickCount = 0;

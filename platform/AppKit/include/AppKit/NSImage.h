@@ -15,6 +15,7 @@ class VEXEL_API NSImage {
   /// The bitmap may be null (the image draws nothing); its size in pixels does not matter here.
   NSImage(std::shared_ptr<const CGImage> cgImage, CGSize size);
 
+  /// As they were given.
   const std::shared_ptr<const CGImage>& cgImage() const { return cgImage_; }
   CGSize size() const { return size_; }
 

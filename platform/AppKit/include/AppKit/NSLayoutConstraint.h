@@ -16,11 +16,13 @@ class NSView;
 
 /// The two sides of a layout constraint, for NSLayoutConstraint::constraint().
 struct VEXEL_API NSLayoutConstraintArguments {
+  /// The left side, and how it compares with the right one.
   NSView& firstItem;
   NSLayoutAttribute firstAttribute;
   NSLayoutRelation relation = NSLayoutRelation::equal;
   /// Null: the right side is `constant` alone.
   NSView* secondItem = nullptr;
+  /// The right side; `constant` is in points.
   NSLayoutAttribute secondAttribute = NSLayoutAttribute::notAnAttribute;
   CGFloat multiplier = 1;
   CGFloat constant = 0;
@@ -39,6 +41,7 @@ class VEXEL_API NSLayoutConstraint : public virtual NSObject {
   /// A constraint of this priority is kept before all others. Of required ones that contradict,
   /// those added earlier are kept.
   static constexpr float kRequiredPriority = 1000;
+  /// The lowest that there is.
   static constexpr float kLowestPriority = 1;
 
   /// A new required constraint without identifier that no view holds.
@@ -47,10 +50,12 @@ class VEXEL_API NSLayoutConstraint : public virtual NSObject {
 
   /// The view on the left side; null once it is gone.
   NSView* firstItem() const { return firstItem_.get(); }
+  /// What of it, and how the sides compare.
   NSLayoutAttribute firstAttribute() const { return firstAttribute_; }
   NSLayoutRelation relation() const { return relation_; }
   /// The view on the right side; null when there is none or once it is gone.
   NSView* secondItem() const { return secondItem_.get(); }
+  /// What of it, and what that is multiplied by.
   NSLayoutAttribute secondAttribute() const { return secondAttribute_; }
   CGFloat multiplier() const { return multiplier_; }
   /// Whether it was made with a second item, which may be gone by now.

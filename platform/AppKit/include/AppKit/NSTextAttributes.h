@@ -10,9 +10,11 @@ namespace vexel {
 
 /// How a piece of text looks.
 struct VEXEL_API NSTextAttributes {
+  /// Of the family; "Helvetica" is drawn with the family of the same metrics that the system has.
   std::string fontName = "Helvetica";
   /// In points. Text of a size that is not above 0 and finite takes no room.
   CGFloat fontSize = 12;
+  /// Black and regular unless set.
   NSColor color = NSColor::blackColor();
   bool bold = false;
   bool italic = false;

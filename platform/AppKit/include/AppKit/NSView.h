@@ -37,6 +37,7 @@ class VEXEL_API NSView : public virtual NSObject, public std::enable_shared_from
 
   // Geometry
 
+  /// The place in the coordinates of the superview.
   CGRect frame() const { return frame_; }
   /// setFrameOrigin() and then setFrameSize().
   virtual void setFrame(CGRect frame);
@@ -48,6 +49,7 @@ class VEXEL_API NSView : public virtual NSObject, public std::enable_shared_from
   /// first. The present size changes nothing.
   virtual void setFrameSize(CGSize size);
 
+  /// The same rectangle in own coordinates.
   CGRect bounds() const { return {boundsOrigin_, frame_.size}; }
   /// Scrolls: the place in own coordinates that stands at the view's bottom-left corner. Default
   /// (0, 0). Autoresizing and constraints place subviews as if it were (0, 0).
@@ -163,8 +165,8 @@ class VEXEL_API NSView : public virtual NSObject, public std::enable_shared_from
   /// superview; edges count as inside. Null when there is none, or the view is hidden or empty.
   virtual NSView* hitTest(CGPoint point);
 
-  // What the user does with this view. Each hands the event on to the superview, where it is
-  // lost if there is none.
+  /// What the user does with this view. Each hands the event on to the superview, where it is
+  /// lost if there is none.
   virtual void mouseDown(const NSEvent& event);
   virtual void mouseUp(const NSEvent& event);
   virtual void mouseMoved(const NSEvent& event);

@@ -29,6 +29,7 @@ class VEXEL_API NSWindow : public virtual NSObject, public std::enable_shared_fr
   /// window without views.
   void setContentView(std::shared_ptr<NSView> view);
 
+  /// The size of the content view, in points.
   CGSize contentSize() const { return contentSize_; }
   /// Resizes the content view with it.
   void setContentSize(CGSize size);

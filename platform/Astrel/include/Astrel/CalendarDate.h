@@ -12,6 +12,7 @@ struct VEXEL_API CalendarDate {
   int month;
   /// Of the month, from 1.
   int day;
+  /// From midnight.
   int hour;
   int minute;
   int second;

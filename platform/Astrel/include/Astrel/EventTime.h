@@ -42,6 +42,7 @@ class VEXEL_API EventTime {
   /// Carried over as well: day 366 is 1 January after a year of 365 days, day 0 is 31 December.
   static DayOfMonth dayOfYear2date(int dayOfYear, int year);
 
+  /// By the Gregorian rule, also before it was in use.
   static bool isLeapYear(int year);
 };
 

@@ -25,8 +25,10 @@ namespace vexel {
 /// destroyed at the end of the process.
 class VEXEL_API DDLog {
  public:
+  /// The level until another one is set.
   static constexpr DDLogLevel defaultDynamicLevel = DDLogLevel::warning;
 
+  /// The one log of the process.
   static DDLog& sharedInstance();
 
   /// The kinds of messages wanted at present. Whoever logs asks it before building a message
@@ -42,6 +44,7 @@ class VEXEL_API DDLog {
   void addLogger(std::shared_ptr<DDLogger> logger);
   /// A message that is on its way to the loggers at this moment may still reach `logger`.
   void removeLogger(const std::shared_ptr<DDLogger>& logger);
+  /// The same for all.
   void removeAllLoggers();
   /// In order of registration.
   std::vector<std::shared_ptr<DDLogger>> allLoggers() const;

@@ -27,6 +27,7 @@ class VEXEL_API CGBitmapContext : public CGContext {
   static std::unique_ptr<CGBitmapContext> create(CGSize size, CGFloat backingScale,
                                                  Use use = Use::window);
 
+  /// The size in pixels, and how many of them a point has.
   virtual int pixelWidth() const = 0;
   virtual int pixelHeight() const = 0;
   virtual CGFloat backingScale() const = 0;

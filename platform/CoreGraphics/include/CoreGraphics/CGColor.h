@@ -4,12 +4,14 @@
 
 namespace vexel {
 
+/// What the components of a colour mean; all are drawn alike.
 enum class CGColorSpace { genericRGB, genericGray, deviceRGB };
 
 /// A colour: components and alpha on 0 to 1, and the space they are meant in. All spaces draw
 /// alike (as sRGB); two colours are equal when space and components are.
 class VEXEL_API CGColor {
  public:
+  /// A colour of that space; the components are not checked.
   static constexpr CGColor genericRGB(double red, double green, double blue, double alpha = 1) {
     return {CGColorSpace::genericRGB, red, green, blue, alpha};
   }
@@ -20,6 +22,7 @@ class VEXEL_API CGColor {
     return {CGColorSpace::deviceRGB, red, green, blue, alpha};
   }
 
+  /// The space, and the components on 0 to 1; of a grey all three are the same.
   constexpr CGColorSpace colorSpace() const { return space_; }
   constexpr double red() const { return red_; }
   constexpr double green() const { return green_; }

@@ -33,6 +33,7 @@ class VEXEL_API CGContext : public CGTextMeasure {
   /// pixel that it touches.
   virtual void clip(const CGPath& path) = 0;
 
+  /// Draws along the path with a pen that the present transform takes, too.
   virtual void stroke(const CGPath& path, const CGStrokeStyle& style) = 0;
   /// Fills by the non-zero rule.
   virtual void fill(const CGPath& path, const CGColor& color) = 0;
@@ -74,15 +75,18 @@ class VEXEL_API CGContext : public CGTextMeasure {
   /// pixel. A layer that does not fit this context draws nothing.
   virtual void drawLayer(const CGLayer& layer);
 
+  /// concatenate() with the transform of that name; the angle is in radians, counter-clockwise.
   void translate(CGFloat tx, CGFloat ty) { concatenate(CGAffineTransform::translation(tx, ty)); }
   void rotate(CGFloat angle) { concatenate(CGAffineTransform::rotation(angle)); }
   void scale(CGFloat sx, CGFloat sy) { concatenate(CGAffineTransform::scale(sx, sy)); }
+  /// Narrows the clip to its part inside the rectangle.
   void clip(const CGRect& rect);
 };
 
 /// Saves the state of a context for as long as it lives.
 class VEXEL_API CGSavedState {
  public:
+  /// Saves the state; the context must live longer.
   explicit CGSavedState(CGContext& context) : context_(context) { context_.saveState(); }
   ~CGSavedState() { context_.restoreState(); }
   CGSavedState(const CGSavedState&) = delete;
@@ -97,6 +101,7 @@ class VEXEL_API CGSavedState {
 class VEXEL_API CGLayer {
  public:
   virtual ~CGLayer() = default;
+  /// What draws into the layer; owned by it.
   virtual CGContext& context() = 0;
   /// Whether drawLayer() on `target`, with its present transform and size of pixels, would put
   /// the kept pixels exactly onto pixels of the target.

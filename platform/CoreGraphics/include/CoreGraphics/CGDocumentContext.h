@@ -14,6 +14,7 @@ namespace vexel {
 /// dates, no counters of the process.
 class VEXEL_API CGDocumentContext : public CGContext {
  public:
+  /// The file format.
   enum class Format { pdf, svg };
 
   /// Longest side in points: what every reader of PDF takes.

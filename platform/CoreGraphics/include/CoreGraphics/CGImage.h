@@ -19,11 +19,15 @@ enum class CGImageByteOrder { big32, little32 };
 
 /// How the bytes of an image are read.
 struct VEXEL_API CGImageLayout {
+  /// In pixels.
   std::size_t width = 0;
   std::size_t height = 0;
+  /// Other numbers than these two defaults make no image.
   std::size_t bitsPerComponent = 8;
   std::size_t bitsPerPixel = 32;
+  /// From the start of one row to that of the next.
   std::size_t bytesPerRow = 0;
+  /// What the components mean, and where they stand in a pixel.
   CGColorSpace colorSpace = CGColorSpace::deviceRGB;
   CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::noneSkipFirst;
   CGImageByteOrder byteOrder = CGImageByteOrder::big32;
@@ -41,6 +45,7 @@ class VEXEL_API CGImage {
   static std::shared_ptr<const CGImage> create(const CGImageLayout& layout,
                                                std::vector<std::uint8_t> bytes);
 
+  /// As they were given; the size is in pixels.
   const CGImageLayout& layout() const { return layout_; }
   std::size_t width() const { return layout_.width; }
   std::size_t height() const { return layout_.height; }

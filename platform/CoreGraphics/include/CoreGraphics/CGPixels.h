@@ -11,6 +11,7 @@ namespace vexel {
 
 /// The pixels of a bitmap as CGContext::drawOnPixels() lends them.
 struct VEXEL_API CGPixels {
+  /// Lent for the call.
   PixelBuffer buffer;
   /// What may be drawn on; inside the buffer.
   PixelRect clip;

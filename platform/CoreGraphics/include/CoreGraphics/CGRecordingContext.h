@@ -19,6 +19,7 @@ namespace vexel {
 ///     restore
 class VEXEL_API CGRecordingContext : public CGContext {
  public:
+  /// The lines of the calls so far; clear() forgets them.
   const std::string& text() const { return text_; }
   void clear() { text_.clear(); }
 

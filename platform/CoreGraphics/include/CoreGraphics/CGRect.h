@@ -8,13 +8,16 @@ namespace vexel {
 
 /// A rectangle in points: its bottom-left corner and its size, which is not negative.
 struct VEXEL_API CGRect {
+  /// The bottom-left corner, and what lies to the right and above.
   CGPoint origin;
   CGSize size;
 
+  /// The rectangle of these coordinates; nothing is checked.
   static CGRect make(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
     return {{x, y}, {width, height}};
   }
 
+  /// Coordinates of the edges and of the middle.
   CGFloat minX() const { return origin.x; }
   CGFloat midX() const { return origin.x + size.width / 2; }
   CGFloat maxX() const { return origin.x + size.width; }

@@ -7,6 +7,7 @@ namespace vexel {
 
 /// A width and a height in points.
 struct VEXEL_API CGSize {
+  /// In points.
   CGFloat width = 0;
   CGFloat height = 0;
 

@@ -9,13 +9,16 @@
 
 namespace vexel {
 
+/// Where the shorter lines of a text stand.
 enum class CGTextAlignment { left = 0, center = 1, right = 2 };
 
 /// A font: family name and size in points. "Helvetica" is drawn with the metric-compatible
 /// family that the system has.
 struct VEXEL_API CGFont {
+  /// The name, and the size in points.
   std::string family = "Helvetica";
   CGFloat size = 12;
+  /// The variant; regular unless set.
   bool bold = false;
   bool italic = false;
 
@@ -24,8 +27,10 @@ struct VEXEL_API CGFont {
 
 /// A piece of text in one style. UTF-8; bytes that are not are drawn as U+FFFD.
 struct VEXEL_API CGTextRun {
+  /// The characters and how they look.
   std::string text;
   CGFont font = {};
+  /// Black unless set.
   CGColor color = CGColor::genericGray(0);
   /// Superscript 1, subscript -1, on the line 0: set at 0.7 of the font size, raised by 0.4 or
   /// lowered by 0.2 of it.
@@ -36,6 +41,7 @@ struct VEXEL_API CGTextRun {
 
 /// Styled text of one or more lines ("\n" ends a line). Lines are aligned among themselves.
 struct VEXEL_API CGText {
+  /// The pieces in their order, and how lines of different widths stand.
   std::vector<CGTextRun> runs;
   CGTextAlignment alignment = CGTextAlignment::left;
 

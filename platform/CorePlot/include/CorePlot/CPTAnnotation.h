@@ -38,9 +38,11 @@ class VEXEL_API CPTAnnotation : public virtual NSObject {
   bool needsDisplay() const {
     return needsDisplay_ || (contentLayer_ && contentLayer_->needsDisplay());
   }
+  /// Draws the content, in the plot area's coordinates.
   void draw(CGContext& context);
 
  protected:
+  /// Marks the annotation and tells the plot area.
   void contentDidChange();
 
  private:

@@ -21,6 +21,7 @@ namespace vexel {
 /// here; it is placed and drawn when the graph is displayed.
 class VEXEL_API CPTAxis : public CPTLayer {
  public:
+  /// What an axis has unless set, in points.
   static constexpr CGFloat kDefaultMajorTickLength = 5;
   static constexpr CGFloat kDefaultMinorTickLength = 3;
   static constexpr CGFloat kDefaultLabelOffset = CPTAxisLabel::kDefaultOffset;
@@ -36,6 +37,7 @@ class VEXEL_API CPTAxis : public CPTLayer {
   const std::shared_ptr<CPTXYPlotSpace>& plotSpace() const { return plotSpace_; }
   void setPlotSpace(std::shared_ptr<CPTXYPlotSpace> space) { change(plotSpace_, std::move(space)); }
 
+  /// Default fixedInterval.
   CPTAxisLabelingPolicy labelingPolicy() const { return labelingPolicy_; }
   void setLabelingPolicy(CPTAxisLabelingPolicy policy) { change(labelingPolicy_, policy); }
 
@@ -127,6 +129,7 @@ class VEXEL_API CPTAxis : public CPTLayer {
   /// Absent or empty: none.
   const std::optional<std::string>& title() const { return title_; }
   void setTitle(std::optional<std::string> title) { change(title_, std::move(title)); }
+  /// Absent: the default style.
   const std::optional<CPTTextStyle>& titleTextStyle() const { return titleTextStyle_; }
   void setTitleTextStyle(std::optional<CPTTextStyle> s) { change(titleTextStyle_, std::move(s)); }
   /// From the axis line to the near edge of the title, in points; the title keeps clear of the

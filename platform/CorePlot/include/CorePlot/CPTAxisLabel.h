@@ -13,8 +13,10 @@ class CPTAxis;
 /// The text at a place of an axis. Changes are seen at the axis's next display, which they ask for.
 class VEXEL_API CPTAxisLabel : public virtual NSObject {
  public:
+  /// In points.
   static constexpr CGFloat kDefaultOffset = 2;
 
+  /// A label at 0 with plain text, or with a layer that it shares.
   explicit CPTAxisLabel(std::string text, CPTTextStyle style = {})
       : contentLayer_(std::make_shared<CPTTextLayer>(std::move(text), std::move(style))) {}
   explicit CPTAxisLabel(std::shared_ptr<CPTTextLayer> contentLayer)

@@ -13,6 +13,7 @@ namespace vexel {
 /// The axes of a graph, in the order in which they are drawn.
 class VEXEL_API CPTAxisSet : public CPTLayer {
  public:
+  /// From back to front.
   const std::vector<std::shared_ptr<CPTAxis>>& axes() const { return axes_; }
   /// Nulls are left out.
   void setAxes(std::vector<std::shared_ptr<CPTAxis>> axes);

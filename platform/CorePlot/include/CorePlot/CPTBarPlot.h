@@ -10,7 +10,9 @@ namespace vexel {
 /// Bars from their base to their tip at a location along the other coordinate.
 class VEXEL_API CPTBarPlot : public CPTPlot {
  public:
+  /// In plot-space units.
   static constexpr double kDefaultBarWidth = 0.5;
+  /// In points.
   static constexpr CGFloat kDefaultLabelOffset = 10;
 
   CPTBarPlot();
@@ -18,6 +20,7 @@ class VEXEL_API CPTBarPlot : public CPTPlot {
   /// In plot-space units, or in points when barWidthsAreInViewCoordinates; default 0.5.
   double barWidth() const { return barWidth_; }
   void setBarWidth(double width) { change(barWidth_, width); }
+  /// Whether widths and offset are in points; default false.
   bool barWidthsAreInViewCoordinates() const { return barWidthsAreInViewCoordinates_; }
   void setBarWidthsAreInViewCoordinates(bool inView) {
     change(barWidthsAreInViewCoordinates_, inView);

@@ -37,6 +37,7 @@ class VEXEL_API CPTBorderedLayer : public CPTLayer {
 
  protected:
   void draw(CGContext& context) override;
+  /// Draws the fill alone, in the layer's coordinates.
   void drawFill(CGContext& context) const;
   /// Strokes the border with the middle of its line `inset` points inside the bounds.
   void strokeBorder(CGContext& context, CGFloat inset) const;

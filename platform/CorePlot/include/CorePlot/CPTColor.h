@@ -10,8 +10,10 @@ namespace vexel {
 /// their CGColors are.
 class VEXEL_API CPTColor {
  public:
+  /// The same colour.
   explicit constexpr CPTColor(const CGColor& color) : color_(color) {}
 
+  /// The colours of these names; clear draws nothing, the others are opaque.
   static CPTColor whiteColor() { return colorWithGenericGray(1); }
   static CPTColor blackColor() { return colorWithGenericGray(0); }
   static CPTColor grayColor() { return colorWithGenericGray(0.5); }
@@ -35,6 +37,7 @@ class VEXEL_API CPTColor {
   /// Generic grey, 0 black to 1 white.
   static CPTColor colorWithGenericGray(double gray) { return CPTColor(CGColor::genericGray(gray)); }
 
+  /// The colour as the drawing context takes it.
   const CGColor& cgColor() const { return color_; }
 
   friend bool operator==(const CPTColor&, const CPTColor&) = default;

@@ -5,9 +5,12 @@ namespace vexel {
 /// A side or direction: negative is down or left, positive up or right.
 enum class CPTSign { negative = -1, none = 0, positive = 1 };
 
+/// Along the horizontal or the vertical axis.
 enum class CPTCoordinate { X = 0, Y = 1 };
 
+/// Whether equal differences or equal ratios get equal lengths.
 enum class CPTScaleType { linear = 0, log = 1 };
+/// The same under other names.
 inline constexpr CPTScaleType CPTScaleTypeLinear = CPTScaleType::linear;
 inline constexpr CPTScaleType CPTScaleTypeLog = CPTScaleType::log;
 

@@ -12,6 +12,7 @@ namespace vexel {
 /// What an area is filled with: a colour or an image. A value.
 class VEXEL_API CPTFill {
  public:
+  /// A plain colour, or an image.
   explicit CPTFill(const CPTColor& color) : content_(color) {}
   explicit CPTFill(CPTImage image) : content_(std::move(image)) {}
 
@@ -22,6 +23,7 @@ class VEXEL_API CPTFill {
 
   /// Fills a rectangle whose edges fall on the pixels of a bitmap.
   void fill(CGContext& context, const CGRect& rect) const;
+  /// Fills the inside of a path as it is.
   void fill(CGContext& context, const CGPath& path) const;
 
   friend bool operator==(const CPTFill&, const CPTFill&) = default;

@@ -25,14 +25,17 @@ struct AxisArrangement;
 /// concrete type, which fills it.
 class VEXEL_API CPTGraph : public CPTBorderedLayer {
  public:
+  /// On every side of a new graph, in points.
   static constexpr CGFloat kDefaultPadding = 20;
 
+  /// A graph without parts.
   explicit CPTGraph(CGRect frame);
   ~CPTGraph() override;
 
   /// The view that shows the graph; null when there is none.
   CPTGraphHostingView* hostingView() const { return hostingView_.get(); }
 
+  /// Holds the plot area; null: nothing but the background is drawn.
   const std::shared_ptr<CPTPlotAreaFrame>& plotAreaFrame() const { return plotAreaFrame_; }
   void setPlotAreaFrame(std::shared_ptr<CPTPlotAreaFrame> frame);
 
@@ -40,13 +43,17 @@ class VEXEL_API CPTGraph : public CPTBorderedLayer {
   const std::shared_ptr<CPTAxisSet>& axisSet() const { return axisSet_; }
   void setAxisSet(std::shared_ptr<CPTAxisSet> axisSet);
 
+  /// In order of addition.
   const std::vector<std::shared_ptr<CPTPlotSpace>>& allPlotSpaces() const { return plotSpaces_; }
   /// The first plot space; null when there is none.
   std::shared_ptr<CPTPlotSpace> defaultPlotSpace() const;
+  /// Takes the plot space from the graph that had it. Null, and one that is there already, do
+  /// nothing.
   void addPlotSpace(std::shared_ptr<CPTPlotSpace> space);
   /// Plots and axes on it stay there, but no longer follow its changes.
   void removePlotSpace(const CPTPlotSpace& space);
 
+  /// From back to front.
   const std::vector<std::shared_ptr<CPTPlot>>& allPlots() const { return plots_; }
   /// Adds a plot on top of the others, on the default plot space or the one given, which is added
   /// too when no graph has it. A plot that is on a graph already moves to the top. Null does
@@ -55,6 +62,7 @@ class VEXEL_API CPTGraph : public CPTBorderedLayer {
   void addPlot(std::shared_ptr<CPTPlot> plot, std::shared_ptr<CPTPlotSpace> space);
   /// The first plot of that identifier; null when there is none.
   std::shared_ptr<CPTPlot> plotWithIdentifier(const std::string& identifier) const;
+  /// A plot that is not here does nothing.
   void removePlot(const CPTPlot& plot);
   /// Removes the first plot of that identifier, if there is one.
   void removePlotWithIdentifier(const std::string& identifier);
@@ -68,6 +76,7 @@ class VEXEL_API CPTGraph : public CPTBorderedLayer {
   /// leave no room for both it stands alone, and it is not shown where it would lie on labels.
   const std::optional<std::string>& title() const { return title_; }
   void setTitle(std::optional<std::string> title);
+  /// How the title is drawn.
   const CPTTextStyle& titleTextStyle() const { return titleTextStyle_; }
   void setTitleTextStyle(CPTTextStyle style);
   /// Where the title has its place, in the graph's coordinates; empty when there is none.

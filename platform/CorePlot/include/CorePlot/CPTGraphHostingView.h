@@ -11,6 +11,7 @@ namespace vexel {
 /// The view that shows a graph over its whole bounds.
 class VEXEL_API CPTGraphHostingView : public NSView {
  public:
+  /// A view without a graph.
   explicit CPTGraphHostingView(CGRect frame = {}) : NSView(frame) {}
   ~CPTGraphHostingView() override;
 
@@ -23,6 +24,7 @@ class VEXEL_API CPTGraphHostingView : public NSView {
   /// Also marks for display what has changed of the graph, after plots of few records have read
   /// their data.
   void layout() override;
+  /// Draws the graph, or the part of it inside the rectangle.
   void draw(CGContext& context, CGRect dirtyRect) override;
 
  private:

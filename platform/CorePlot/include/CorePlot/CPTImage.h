@@ -12,10 +12,14 @@ namespace vexel {
 /// counts as 1. Instead of tiles too small to be told apart, or more than
 /// 10,000 of them, the image is stretched. A value.
 struct VEXEL_API CPTImage {
+  /// Null: nothing is drawn.
   std::shared_ptr<const CGImage> image;
+  /// As said above.
   CGFloat scale = 1;
+  /// Whether the image is repeated rather than stretched.
   bool tiled = false;
 
+  /// Fills the rectangle.
   void draw(CGContext& context, const CGRect& rect) const;
 
   friend bool operator==(const CPTImage&, const CPTImage&) = default;

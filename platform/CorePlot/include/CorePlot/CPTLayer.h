@@ -15,6 +15,7 @@ namespace vexel {
 /// a sublayer.
 class VEXEL_API CPTLayer : public virtual NSObject {
  public:
+  /// A layer without superlayer that needs display.
   explicit CPTLayer(CGRect frame = {});
   ~CPTLayer() override;
   CPTLayer(const CPTLayer&) = delete;
@@ -43,6 +44,7 @@ class VEXEL_API CPTLayer : public virtual NSObject {
   /// The bounds without the paddings; of no size where the paddings leave none.
   CGRect paddedBounds() const;
 
+  /// Whether the layer is not drawn; default false.
   bool isHidden() const { return hidden_; }
   void setHidden(bool hidden);
 
@@ -56,10 +58,12 @@ class VEXEL_API CPTLayer : public virtual NSObject {
 
   /// Null when there is none, or it is gone.
   CPTLayer* superlayer() const { return superlayer_.get(); }
+  /// From back to front.
   const std::vector<std::shared_ptr<CPTLayer>>& sublayers() const { return sublayers_; }
   /// Takes the layer from where it was. Null does nothing; this layer itself or one that contains
   /// it is a fatal error.
   void addSublayer(std::shared_ptr<CPTLayer> layer);
+  /// Does nothing without one. Destroys the layer when nobody else owns it.
   void removeFromSuperlayer();
 
   /// Whether the layer's own content changed since it was last drawn. New layers need display.

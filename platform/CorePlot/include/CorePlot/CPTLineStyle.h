@@ -12,6 +12,7 @@ namespace vexel {
 /// How a line is drawn. A value: changing a copy changes nothing else, and a style takes effect
 /// when it is set. Lengths are in points.
 struct VEXEL_API CPTLineStyle {
+  /// Ends, corners, and where corners become too long to be sharp, as CGStrokeStyle has them.
   CGLineCap lineCap = CGLineCap::butt;
   CGLineJoin lineJoin = CGLineJoin::miter;
   CGFloat miterLimit = 10;
@@ -19,6 +20,7 @@ struct VEXEL_API CPTLineStyle {
   CGFloat lineWidth = 1;
   /// Lengths on, off, on, ...; empty for a solid line.
   std::vector<CGFloat> dashPattern = {};
+  /// Where in the pattern the line begins.
   CGFloat patternPhase = 0;
   /// Absent: black.
   std::optional<CPTColor> lineColor = CPTColor::blackColor();

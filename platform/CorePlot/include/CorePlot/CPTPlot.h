@@ -45,7 +45,9 @@ class VEXEL_API CPTPlot : public CPTLayer {
   /// Says that the data source's answers have changed: they are asked for before the next
   /// display.
   void setDataNeedsReloading();
+  /// Whether they will be.
   bool dataNeedsReloading() const { return dataNeedsReloading_; }
+  /// Asks now if they have changed.
   void reloadDataIfNeeded();
   /// Asks the data source now. Without one the plot has no records.
   void reloadData();
@@ -94,6 +96,7 @@ class VEXEL_API CPTPlot : public CPTLayer {
   std::optional<std::vector<CGRect>> placesOfMark(CGSize plotArea);
 
  protected:
+  /// A plot without data source that is on no graph.
   explicit CPTPlot(CGRect frame) : CPTLayer(frame) {}
 
   /// Reads the fields that the kind of plot needs of these records; those before them have been
@@ -112,6 +115,7 @@ class VEXEL_API CPTPlot : public CPTLayer {
 
   void draw(CGContext& context) final;
 
+  /// In points.
   CGSize plotAreaSize() const { return plotAreaSize_; }
 
   /// A field as the source lends it, from the first record on, or `records` asked for one by one
@@ -121,9 +125,12 @@ class VEXEL_API CPTPlot : public CPTLayer {
   /// Where the label of a record goes: its near edge is labelOffset from `anchor` in the direction
   /// given (a unit vector along an axis).
   struct LabelPlace {
+    /// Which one, and its value for the formatter.
     std::size_t record;
     double value;
+    /// On the plot area, in points.
     CGPoint anchor;
+    /// From the point to its label.
     CGPoint direction;
   };
   /// The places of the labels of the records inside the plot area. They may reach beyond its edges.

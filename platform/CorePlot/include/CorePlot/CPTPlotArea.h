@@ -14,9 +14,11 @@ namespace vexel {
 /// annotations above everything.
 class VEXEL_API CPTPlotArea : public CPTBorderedLayer {
  public:
+  /// From back to front.
   const std::vector<std::shared_ptr<CPTAnnotation>>& annotations() const { return annotations_; }
   /// Null does nothing, and so does an annotation that is there already.
   void addAnnotation(std::shared_ptr<CPTAnnotation> annotation);
+  /// One that is not here does nothing.
   void removeAnnotation(const CPTAnnotation& annotation);
   void removeAllAnnotations();
 

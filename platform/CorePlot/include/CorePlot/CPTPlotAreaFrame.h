@@ -15,6 +15,7 @@ class VEXEL_API CPTPlotAreaFrame : public CPTBorderedLayer {
  public:
   CPTPlotAreaFrame();
 
+  /// What the frame holds.
   const std::shared_ptr<CPTPlotArea>& plotArea() const { return plotArea_; }
   /// Null: the graph has no plot area and draws only its background.
   void setPlotArea(std::shared_ptr<CPTPlotArea> plotArea);

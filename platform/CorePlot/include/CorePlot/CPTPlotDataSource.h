@@ -20,6 +20,7 @@ class CPTTextLayer;
 
 /// Records `location` to `location + length - 1`.
 struct VEXEL_API CPTRecordRange {
+  /// The first record, and how many.
   std::size_t location = 0;
   std::size_t length = 0;
 
@@ -28,6 +29,7 @@ struct VEXEL_API CPTRecordRange {
 
 /// Which number of a record is asked for.
 enum CPTScatterPlotField : unsigned { CPTScatterPlotFieldX = 0, CPTScatterPlotFieldY = 1 };
+/// The same of bars.
 enum CPTBarPlotField : unsigned {
   CPTBarPlotFieldBarLocation = 0,
   CPTBarPlotFieldBarTip = 1,
@@ -39,6 +41,7 @@ enum CPTBarPlotField : unsigned {
 /// when the source is gone the plot draws nothing.
 class VEXEL_API CPTPlotDataSource : public virtual NSObject {
  public:
+  /// Records that the plot has at present.
   virtual std::size_t numberOfRecords(const CPTPlot& plot) = 0;
 
   /// All numbers of a field at once, lent: they must stay where they are and as they are until

@@ -9,8 +9,10 @@ namespace vexel {
 class VEXEL_API CPTPlotRange {
  public:
   constexpr CPTPlotRange() = default;
+  /// A range of any two numbers; nothing is checked.
   constexpr CPTPlotRange(double location, double length) : location_(location), length_(length) {}
 
+  /// Start, length and end; the lower end, the upper one and the middle.
   double locationDouble() const { return location_; }
   double lengthDouble() const { return length_; }
   double endDouble() const { return location_ + length_; }

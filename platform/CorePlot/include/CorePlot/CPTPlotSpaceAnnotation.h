@@ -15,7 +15,9 @@ class VEXEL_API CPTPlotSpaceAnnotation : public CPTAnnotation {
   /// The plot space is referred to weakly; `anchorPlotPoint` is x, y in plot-space units.
   CPTPlotSpaceAnnotation(CPTPlotSpace* plotSpace, std::vector<double> anchorPlotPoint);
 
+  /// Null once it is gone; then the annotation is not drawn.
   CPTPlotSpace* plotSpace() const { return plotSpace_.get(); }
+  /// x, y in plot-space units.
   const std::vector<double>& anchorPlotPoint() const { return anchorPlotPoint_; }
   void setAnchorPlotPoint(std::vector<double> point);
 

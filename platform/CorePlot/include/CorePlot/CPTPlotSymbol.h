@@ -11,6 +11,7 @@
 
 namespace vexel {
 
+/// The shape of a symbol.
 enum class CPTPlotSymbolType {
   none = 0,
   rectangle = 1,
@@ -30,6 +31,7 @@ enum class CPTPlotSymbolType {
 /// The mark drawn at a point of a scatter plot. A value.
 class VEXEL_API CPTPlotSymbol {
  public:
+  /// What a symbol has unless set, and the longest side that is drawn, in points.
   static constexpr CGSize kDefaultSize{5, 5};
   static constexpr CGPoint kDefaultAnchorPoint{0.5, 0.5};
   static constexpr CGFloat kLargestSide = 1e4;
@@ -37,7 +39,9 @@ class VEXEL_API CPTPlotSymbol {
   /// A symbol of type `none`, which draws nothing.
   CPTPlotSymbol() = default;
 
+  /// The same.
   static CPTPlotSymbol plotSymbol() { return {}; }
+  /// Symbols of these types, of default size, with an outline and without a fill.
   static CPTPlotSymbol rectanglePlotSymbol() { return of(CPTPlotSymbolType::rectangle); }
   static CPTPlotSymbol ellipsePlotSymbol() { return of(CPTPlotSymbolType::ellipse); }
   static CPTPlotSymbol diamondPlotSymbol() { return of(CPTPlotSymbolType::diamond); }
@@ -49,8 +53,10 @@ class VEXEL_API CPTPlotSymbol {
   static CPTPlotSymbol plusPlotSymbol() { return of(CPTPlotSymbolType::plus); }
   static CPTPlotSymbol dashPlotSymbol() { return of(CPTPlotSymbolType::dash); }
   static CPTPlotSymbol snowPlotSymbol() { return of(CPTPlotSymbolType::snow); }
+  /// The same with a shape of its own: see customSymbolPath().
   static CPTPlotSymbol customPlotSymbol(const CGPath& path);
 
+  /// Its shape.
   CPTPlotSymbolType symbolType() const { return symbolType_; }
   void setSymbolType(CPTPlotSymbolType type) { symbolType_ = type; }
 

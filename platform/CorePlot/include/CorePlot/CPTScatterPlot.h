@@ -8,6 +8,7 @@
 
 namespace vexel {
 
+/// How a line goes from one record to the next.
 enum class CPTScatterPlotInterpolation {
   linear,
   /// Each value holds until the next record.
@@ -20,6 +21,7 @@ enum class CPTScatterPlotInterpolation {
 /// the line.
 class VEXEL_API CPTScatterPlot : public CPTPlot {
  public:
+  /// A plot with a plain line and without symbols.
   explicit CPTScatterPlot(CGRect frame = {});
 
   /// The line through the points; absent: none. It is joined and, where it ends, drawn as the
@@ -34,6 +36,7 @@ class VEXEL_API CPTScatterPlot : public CPTPlot {
   const std::optional<CPTPlotSymbol>& plotSymbol() const { return plotSymbol_; }
   void setPlotSymbol(std::optional<CPTPlotSymbol> symbol);
 
+  /// How the line goes from one record to the next; default linear.
   CPTScatterPlotInterpolation interpolation() const { return interpolation_; }
   void setInterpolation(CPTScatterPlotInterpolation interpolation);
 

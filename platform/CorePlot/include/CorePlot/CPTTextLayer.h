@@ -14,8 +14,10 @@ namespace vexel {
 /// paddings (1 point on every side unless set) as soon as it is made, and keeps it current.
 class VEXEL_API CPTTextLayer : public CPTBorderedLayer {
  public:
+  /// In points.
   static constexpr CGFloat kDefaultPadding = 1;
 
+  /// A layer as large as its text.
   explicit CPTTextLayer(std::string text, CPTTextStyle style = {});
   explicit CPTTextLayer(NSAttributedString attributedText);
 
@@ -28,6 +30,7 @@ class VEXEL_API CPTTextLayer : public CPTBorderedLayer {
   const std::optional<CPTTextStyle>& textStyle() const { return textStyle_; }
   void setTextStyle(std::optional<CPTTextStyle> style);
 
+  /// Absent: the text is plain.
   const std::optional<NSAttributedString>& attributedText() const { return attributedText_; }
   void setAttributedText(NSAttributedString text);
 

@@ -11,6 +11,7 @@ namespace vexel {
 /// with a plot area, one CPTXYPlotSpace and a CPTXYAxisSet with an x and a y axis on it.
 class VEXEL_API CPTXYGraph : public CPTGraph {
  public:
+  /// A graph as said above.
   explicit CPTXYGraph(CGRect frame = {});
 };
 

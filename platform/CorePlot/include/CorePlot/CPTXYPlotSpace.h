@@ -29,6 +29,7 @@ class VEXEL_API CPTXYPlotSpace : public CPTPlotSpace {
   void setXScaleType(CPTScaleType type);
   void setYScaleType(CPTScaleType type);
 
+  /// The same by coordinate.
   const CPTPlotRange& range(CPTCoordinate coordinate) const {
     return coordinate == CPTCoordinate::X ? xRange_ : yRange_;
   }

@@ -14,8 +14,11 @@ namespace vexel {
 /// What is announced: a name, the object it is about (may be absent) and anything the sender
 /// attaches.
 struct VEXEL_API NSNotification {
+  /// Observers hear of one name.
   std::string name;
+  /// What it is about; not owned.
   NSObject* object = nullptr;
+  /// Whatever sender and observers have agreed on.
   std::any userInfo = {};
 };
 
@@ -24,6 +27,7 @@ struct VEXEL_API NSNotification {
 /// those registered during a delivery hear only later ones, those removed hear no more.
 class VEXEL_API NSNotificationCenter {
  public:
+  /// What is called.
   using Handler = std::function<void(const NSNotification&)>;
 
   /// The centre of the calling thread: each thread that draws figures has its own.
@@ -33,6 +37,7 @@ class VEXEL_API NSNotificationCenter {
   void addObserver(NSObject& observer, std::string name, Handler handler);
   /// Ends all registrations of `observer`.
   void removeObserver(const NSObject& observer);
+  /// Calls the observers of the name, and returns when all have heard.
   void post(const NSNotification& notification);
 
  private:

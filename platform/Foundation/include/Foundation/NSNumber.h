@@ -17,9 +17,11 @@ class VEXEL_API NSNumber {
   template <std::integral Whole>
   requires(!std::same_as<Whole, bool>) constexpr NSNumber(Whole value)
       : value_(static_cast<std::int64_t>(value)) {}
+  /// Of that precision.
   constexpr NSNumber(float value) : value_(value) {}
   constexpr NSNumber(double value) : value_(value) {}
 
+  /// Which precision it is of.
   constexpr bool isInteger() const { return std::holds_alternative<std::int64_t>(value_); }
   constexpr bool isFloat() const { return std::holds_alternative<float>(value_); }
   constexpr bool isDouble() const { return std::holds_alternative<double>(value_); }
@@ -33,6 +35,7 @@ class VEXEL_API NSNumber {
     return std::visit([](auto value) { return static_cast<float>(value); }, value_);
   }
 
+  /// By value, as said above.
   friend constexpr bool operator==(const NSNumber& a, const NSNumber& b) {
     if (a.isInteger() && b.isInteger()) return a.value_ == b.value_;
     return a.doubleValue() == b.doubleValue();

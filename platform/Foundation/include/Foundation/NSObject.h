@@ -38,16 +38,19 @@ template <class T>
 class VEXEL_API NSWeak {
  public:
   NSWeak() = default;
+  /// To an object, or to none.
   NSWeak(std::nullptr_t) {}
   NSWeak(T* object) : object_(object) {
     if (object) lifeline_ = static_cast<const NSObject&>(*object).lifeline();
   }
 
+  /// The object, or null once it is gone; the last two must not be used then.
   T* get() const { return lifeline_.expired() ? nullptr : object_; }
   explicit operator bool() const { return get() != nullptr; }
   T* operator->() const { return get(); }
   T& operator*() const { return *get(); }
 
+  /// The same object, or both null.
   friend bool operator==(const NSWeak& a, const NSWeak& b) { return a.get() == b.get(); }
 
  private:

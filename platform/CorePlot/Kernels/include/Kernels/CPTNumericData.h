@@ -17,15 +17,18 @@ namespace vexel {
 /// integers, or from a column of records through `strided`.
 class VEXEL_API CPTNumericData {
  public:
+  /// What the numbers are in memory.
   enum class Type { float64, float32, int16, int32, int64 };
 
   CPTNumericData() = default;
+  /// Lends numbers that lie side by side.
   template <class Range,
             class T = std::remove_cvref_t<decltype(*std::data(std::declval<const Range&>()))>>
   requires(std::same_as<T, double> || std::same_as<T, float> || std::same_as<T, std::int16_t> ||
            std::same_as<T, std::int32_t> || std::same_as<T, std::int64_t>)
       CPTNumericData(const Range& numbers)
       : CPTNumericData(std::span<const T>(numbers)) {}
+  /// Lends numbers that lie side by side.
   CPTNumericData(std::span<const double> n) : CPTNumericData(Type::float64, n) {}
   CPTNumericData(std::span<const float> n) : CPTNumericData(Type::float32, n) {}
   CPTNumericData(std::span<const std::int16_t> n) : CPTNumericData(Type::int16, n) {}
@@ -43,6 +46,7 @@ class VEXEL_API CPTNumericData {
     return result;
   }
 
+  /// How many numbers, and of which type.
   std::size_t count() const { return count_; }
   Type type() const { return type_; }
 

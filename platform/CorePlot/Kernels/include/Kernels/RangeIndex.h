@@ -24,10 +24,13 @@ class VEXEL_API RangeIndex {
  public:
   /// No finite sample: lowest is above highest.
   struct Extremes {
+    /// Finite unless there is no sample.
     double lowest = std::numeric_limits<double>::infinity();
     double highest = -std::numeric_limits<double>::infinity();
 
+    /// Whether there is no sample.
     bool isEmpty() const { return lowest > highest; }
+    /// Takes in others.
     void add(const Extremes& other) {
       lowest = std::min(lowest, other.lowest);
       highest = std::max(highest, other.highest);
@@ -50,6 +53,7 @@ class VEXEL_API RangeIndex {
   /// new. When there are fewer than before, everything is read again.
   void extend(CPTNumericData x, CPTNumericData y);
 
+  /// How many samples, and what they are; `sample` must be below count().
   std::size_t count() const { return x_.count(); }
   double x(std::size_t sample) const { return x_[sample]; }
   double y(std::size_t sample) const { return y_[sample]; }

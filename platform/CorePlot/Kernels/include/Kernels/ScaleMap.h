@@ -10,6 +10,7 @@ namespace vexel {
 /// is scale.position(value) * factor + offset, up to rounding. Not finite when it has none.
 class ScaleMap {
  public:
+  /// A map with a copy of the scale.
   ScaleMap(const AxisScale& scale, double factor, double offset)
       : scale_(scale), factor_(factor), offset_(offset) {
     if (scale.logarithmic) {
@@ -22,6 +23,7 @@ class ScaleMap {
     }
   }
 
+  /// The place of a value.
   double operator()(double value) const {
     const double unscaled = scale_.logarithmic ? std::log(value) : value;
     const double place = (unscaled - origin_) * slope_ + offset_;

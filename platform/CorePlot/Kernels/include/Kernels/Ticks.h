@@ -7,6 +7,7 @@ namespace vexel {
 /// Where an axis has ticks, in data units. Both lists ascend without repetitions, lie inside the
 /// range they were asked for, and have no value in common.
 struct Ticks {
+  /// Those with labels, and those between them.
   std::vector<double> major;
   std::vector<double> minor;
 
