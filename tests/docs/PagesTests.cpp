@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -55,6 +57,23 @@ std::string programs() {
   return all;
 }
 
+/// The anchors of a page: its headings in lower case, with hyphens for spaces and without signs.
+std::set<std::string> anchorsOf(const std::string& page) {
+  std::set<std::string> anchors;
+  std::istringstream lines(page);
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with("#")) continue;
+    std::string anchor = "#";
+    for (const char c : line.substr(line.find(' ') + 1)) {
+      if (c == ' ') anchor += '-';
+      if (std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '-')
+        anchor += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    anchors.insert(anchor);
+  }
+  return anchors;
+}
+
 TEST(PagesTests, EveryListingOfAPageIsLinesOfAProgramThatIsBuilt) {
   const std::string built = programs();
   std::size_t count = 0;
@@ -77,14 +96,19 @@ TEST(PagesTests, EveryProgramThatIsBuiltForThePagesIsNamedThere) {
 
 TEST(PagesTests, WhatAPageLinksToIsThere) {
   static const std::regex kListing("```[^`]*```");
-  static const std::regex kLink(R"(\]\(([^)#]+)(#[^)]*)?\))");
+  static const std::regex kLink(R"(\]\(([^)#]*)(#[^)]*)?\))");
   for (const auto& page : pages()) {
     const std::string text = std::regex_replace(contents(page), kListing, "");
     for (auto link = std::sregex_iterator(text.begin(), text.end(), kLink);
          link != std::sregex_iterator(); ++link) {
       const std::string target = (*link)[1];
+      const std::string anchor = (*link)[2];
       if (target.find("://") != std::string::npos) continue;
-      EXPECT_TRUE(fs::exists(page.parent_path() / target)) << page << " links to " << target;
+      const fs::path file = target.empty() ? page : page.parent_path() / target;
+      EXPECT_TRUE(fs::exists(file)) << page << " links to " << target;
+      if (!anchor.empty()) {
+        EXPECT_TRUE(anchorsOf(contents(file)).contains(anchor)) << page << " links to " << anchor;
+      }
     }
   }
 }
