@@ -68,8 +68,8 @@ class VEXEL_API CGContext : public CGTextMeasure {
   /// recordings) or there is no memory. Layers exist for contexts that are moved and scaled but not
   /// rotated.
   virtual std::unique_ptr<CGLayer> makeLayer(const CGRect& rect);
-  /// Whether what is drawn is for a file and no second drawing will follow, so that keeping pictures
-  /// of parts of it is a waste.
+  /// Whether what is drawn is for a file and no second drawing will follow, so that keeping
+  /// pictures of parts of it is a waste.
   virtual bool isDrawnOnce() const { return false; }
   /// Lays a layer over the place it was made for, seen in the present coordinates, pixel by
   /// pixel. A layer that does not fit this context draws nothing.

@@ -24,6 +24,7 @@ class CurveHull {
   /// segment crosses the view.
   static constexpr double kFar = 1e8;
 
+  /// No curve yet; the radius of the pen is in pixels.
   CurveHull(const PixelRect& view, int linesPerPixel, double radius);
 
   /// Goes on with the curve.

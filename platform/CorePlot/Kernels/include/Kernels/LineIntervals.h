@@ -9,8 +9,10 @@ namespace vexel {
 /// have one interval, and that case is fast.
 class LineIntervals {
  public:
+  /// Nothing is covered yet.
   explicit LineIntervals(int lineCount);
 
+  /// Lines in the row.
   int lineCount() const { return static_cast<int>(first_.size()); }
 
   /// Covers low to high on a line as well. Nothing when high is not above low.

@@ -23,6 +23,7 @@ namespace vexel {
 /// pixel. Points are shifted in x by up to half of the lines' distance.
 class LineRaster {
  public:
+  /// The widest pen, in pixels.
   static constexpr double kMaximumWidth = 256;
 
   /// For what the clip shows of the target. The width is above 0 and at most kMaximumWidth.
