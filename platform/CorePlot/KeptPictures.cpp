@@ -89,6 +89,8 @@ void KeptPictures::draw(const ChartParts& parts, const CPTBorderedLayer* rounded
   const auto firstText = std::find_if(
       all.begin(), all.end(), [](const Part& part) { return part.kind == Part::Kind::text; });
   const auto clean = static_cast<std::size_t>(firstDirty - all.begin());
+  // The plot area may be elsewhere or have another size, which changes no plot.
+  if (clean == 0) apart_.reset();
   const auto text = static_cast<std::size_t>(firstText - all.begin());
 
   std::erase_if(lower_, [&](const Picture& picture) {

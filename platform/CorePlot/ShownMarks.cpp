@@ -34,6 +34,15 @@ class ChangedPlaces {
   }
 };
 
+/// The first of the parts above a mark that are put together apart; null when there are none.
+template <class List>
+const void* firstApart(const List& parts) {
+  const auto isMark = [](const auto& part) { return part.isMark; };
+  const auto mark = std::find_if(parts.begin(), parts.end(), isMark);
+  const auto above = std::find_if_not(mark, parts.end(), isMark);
+  return above == parts.end() ? nullptr : above->owner;
+}
+
 }  // namespace
 
 void ShownMarks::note(const std::vector<Part>& parts) {
@@ -47,6 +56,8 @@ void ShownMarks::note(const std::vector<Part>& parts) {
 
 std::optional<std::vector<CGRect>> ShownMarks::placesChangedTo(
     const std::vector<Part>& parts) const {
+  // What is put together apart has colours that are rounded in another way.
+  if (firstApart(parts_) != firstApart(parts)) return std::nullopt;
   ChangedPlaces changed;
   // Parts that were there already, and have not changed, must be in their old order. Those in
   // between, in either list, may come and go where they are marks.

@@ -1,4 +1,6 @@
+#include <AppKit/NSWindow.h>
 #include <CoreGraphics/CGDocumentContext.h>
+#include <CorePlot/CPTGraphHostingView.h>
 #include <CorePlot/CPTPlotSpaceAnnotation.h>
 
 #include <gmock/gmock.h>
@@ -50,6 +52,7 @@ class RedrawTest : public testing::Test {
   /// The same chart drawn with nothing kept: on a surface of pixels that no picture fits.
   std::vector<std::uint32_t> drawnAfresh() {
     graph->setNeedsDisplay();
+    for (const auto& plot : graph->allPlots()) plot->setNeedsDisplay();
     return display();
   }
 
@@ -276,6 +279,40 @@ TEST_F(RedrawTest, AChangeFirstShownInAFileIsShownInTheWindow) {
   graph->displayChart(*file);
   const auto shown = display();
   EXPECT_TRUE(shown == drawnAfresh());
+}
+
+TEST_F(RedrawTest, SeriesAboveAMarkerFollowTheSizeAndThePaddings) {
+  lowerSource.fields = {{0.5, 0.5}, {0, 1}};
+  lower->setDataNeedsReloading();
+  const std::pair<std::string, std::function<void()>> changes[] = {
+      {"size", [&] { graph->setFrame(CGRect::make(0, 0, 340, 230)); }},
+      {"graph padding", [&] { graph->setPaddingTop(60); }},
+      {"frame padding", [&] { graph->plotAreaFrame()->setPaddingLeft(25); }},
+  };
+  for (const auto& [name, change] : changes) {
+    for (int i = 0; i < 3; ++i) display();
+    change();
+    expectSameAsAfresh(name);
+  }
+}
+
+TEST_F(RedrawTest, AMarkBelowASeriesComesAndGoesWithoutATraceInAWindow) {
+  const auto view = std::make_shared<CPTGraphHostingView>(graph->frame());
+  view->setHostedGraph(graph);
+  const auto window = std::make_shared<NSWindow>(graph->bounds().size);
+  window->setContentView(view);
+  context = CGBitmapContext::create(graph->bounds().size, 1);
+  const auto show = [&] {
+    for (const CGRect& rect : window->dirtyRects()) window->displayRect(rect, *context);
+    return pixelsOf(*context);
+  };
+  for (const bool isHidden : {true, false, true}) {
+    lower->setHidden(isHidden);
+    show();
+  }
+  graph->removePlot(*lower);
+  const auto kept = show();
+  EXPECT_TRUE(kept == drawnAfresh());
 }
 
 TEST_F(RedrawTest, ANewPlotAtTheAddressOfARemovedOneIsDrawn) {
