@@ -23,6 +23,8 @@ constexpr double kZeroTolerance = 1e-9;
 constexpr double kLabelTolerance = 0.002;
 // Smaller type than this part of the size that was asked for cannot be read.
 constexpr double kSmallestType = 0.7;
+// Smaller type has few sizes: what is known of a font is kept for each of them.
+constexpr double kTypeSteps = 64;
 constexpr int kMostDigits = std::numeric_limits<double>::max_digits10 - 1;
 
 constexpr const char* kTimesTen = "\u00d710";
@@ -233,7 +235,8 @@ Labels tickLabels(const std::vector<double>& ticks, const NSFormatter& formatter
   if (width <= room || kSmallestType * width > room) return labels;
   constexpr CGFloat kPaddings = 2 * CPTTextLayer::kDefaultPadding;
   CPTTextStyle smaller = style;
-  smaller.fontSize *= (room - kPaddings) / (width - kPaddings);
+  const CGFloat part = (room - kPaddings) / (width - kPaddings);
+  smaller.fontSize *= std::floor(part * kTypeSteps) / kTypeSteps;
   return labelsIn(smaller);
 }
 

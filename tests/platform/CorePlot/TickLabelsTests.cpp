@@ -213,9 +213,24 @@ TEST(TickLabels, ThatAreTooWideAreSmaller) {
   for (const double part : {0.99, 0.85, 0.71}) {
     const auto layers = tickLabels(ticks, *digits(0), kStyle, false, part * full);
     EXPECT_EQ(layers[2]->text(), "2000000");
-    EXPECT_NEAR(widest(layers), part * full, 0.5);
+    EXPECT_LE(widest(layers), part * full + 0.5);
+    EXPECT_GE(widest(layers), (part - 1.0 / 64) * full - 0.5);
     EXPECT_EQ(layers[0]->textStyle(), layers[2]->textStyle());
   }
+}
+
+TEST(TickLabels, HaveFewSizesOfTypeHoweverMuchRoomThereIs) {
+  const std::vector<double> ticks = {0, 1000000, 2000000};
+  const CGFloat full = widest(tickLabels(ticks, *digits(0), kStyle, false, kInfinity));
+  std::set<CGFloat> sizes;
+  for (int i = 0; i <= 1000; ++i) {
+    const CGFloat room = (0.7 + 0.3 * i / 1000) * full;
+    const auto layers = tickLabels(ticks, *digits(0), kStyle, false, room);
+    EXPECT_LE(widest(layers), room + 0.5);
+    sizes.insert(layers[0]->textStyle()->fontSize);
+  }
+  EXPECT_GE(sizes.size(), 15u);
+  EXPECT_LE(sizes.size(), 21u);
 }
 
 TEST(TickLabels, ThatAreFarTooWideAreShortenedWhereThatHelps) {
