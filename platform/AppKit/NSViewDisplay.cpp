@@ -103,16 +103,20 @@ void NSView::drawSubtree(CGRect rect, CGRect visible, CGPoint offset, CGContext&
   const CGPoint origin = offset - boundsOrigin_;
   if (origin != CGPoint{}) context.translate(origin.x, origin.y);
   context.clip(rect);
-  draw(context, rect);
-
-  const auto present = subviews_;
-  for (const auto& view : present) {
-    if (view->superview_.get() != this) continue;
-    const auto within = [&](const CGRect& part) {
-      const CGPoint toView = view->boundsOrigin_ - view->frame_.origin;
-      return moved(part, toView).intersection(view->bounds());
-    };
-    view->drawSubtree(within(rect), within(visible), view->frame_.origin, context);
+  try {
+    draw(context, rect);
+    const auto present = subviews_;
+    for (const auto& view : present) {
+      if (view->superview_.get() != this) continue;
+      const auto within = [&](const CGRect& part) {
+        const CGPoint toView = view->boundsOrigin_ - view->frame_.origin;
+        return moved(part, toView).intersection(view->bounds());
+      };
+      view->drawSubtree(within(rect), within(visible), view->frame_.origin, context);
+    }
+  } catch (...) {
+    setNeedsDisplay(true);
+    throw;
   }
 }
 

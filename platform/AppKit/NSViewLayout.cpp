@@ -96,7 +96,12 @@ void NSView::layoutSubtreeIfNeeded() {
   const auto keptUntilTheEnd = weak_from_this().lock();
   if (needsLayout_) {
     needsLayout_ = false;
-    layout();
+    try {
+      layout();
+    } catch (...) {
+      needsLayout_ = true;
+      throw;
+    }
   }
   const auto present = subviews_;
   for (const auto& view : present) view->layoutSubtreeIfNeeded();
@@ -106,10 +111,15 @@ void NSView::placeByConstraints() {
   constraintsStale_ = false;
   const unsigned mine = ++placementsBegun_;
   const Counted underWay(placementsUnderWay_);
-  for (const auto& [view, frame] : constraintPlacements(*this)) {
-    // Placing a view may lead back here, and then the frames found later are the right ones.
-    if (placementsBegun_ != mine) return;
-    if (view->superview_.get() == this && frame != view->frame_) view->setFrame(frame);
+  try {
+    for (const auto& [view, frame] : constraintPlacements(*this)) {
+      // Placing a view may lead back here, and then the frames found later are the right ones.
+      if (placementsBegun_ != mine) return;
+      if (view->superview_.get() == this && frame != view->frame_) view->setFrame(frame);
+    }
+  } catch (...) {
+    markConstraintsStale();
+    throw;
   }
 }
 

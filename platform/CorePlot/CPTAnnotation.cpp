@@ -66,12 +66,14 @@ void CPTAnnotation::draw(CGContext& context) {
   needsDisplay_ = false;
   const auto at = center();
   if (!at) return;
-  const CGSize size = contentLayer_->frame().size;
+  // Its delegate may take it away.
+  const auto content = contentLayer_;
+  const CGSize size = content->frame().size;
   const CGSavedState state(context);
   context.translate(at->x, at->y);
   if (usableRotation() != 0) context.rotate(usableRotation());
   context.translate(-size.width / 2, -size.height / 2);
-  contentLayer_->display(context);
+  content->display(context);
 }
 
 }  // namespace vexel

@@ -147,14 +147,23 @@ void CPTGraph::tellHostingView() {
   if (!hostingView_ || !std::exchange(changed_, false)) return;
   if (isHidden() || backgroundNeedsDisplay() || axesNeedDisplay())
     return hostingView_->setNeedsDisplay(true);
-  const ChartParts parts(*this, [this] { return arrangedAxes(); });
-  const auto places = shown_->placesChangedTo(parts.all());
+  const auto places = changedPlaces();
   // Reading data may have changed everything.
   if (!hostingView_) return;
   if (!places) return hostingView_->setNeedsDisplay(true);
   const CGPoint origin = hostingView_->bounds().origin;
   for (const CGRect& place : *places)
     hostingView_->setNeedsDisplayInRect({place.origin + origin, place.size});
+}
+
+std::optional<std::vector<CGRect>> CPTGraph::changedPlaces() {
+  try {
+    const ChartParts parts(*this, [this] { return arrangedAxes(); });
+    return shown_->placesChangedTo(parts.all());
+  } catch (...) {
+    contentDidChange();
+    throw;
+  }
 }
 
 bool CPTGraph::backgroundNeedsDisplay() const {

@@ -101,9 +101,14 @@ void CPTLayer::contentDidChange() {
 void CPTLayer::display(CGContext& context) {
   needsDisplay_ = false;
   if (hidden_) return;
-  if (delegate_) delegate_->layerWillDraw(*this);
-  ++displayCount_;
-  draw(context);
+  try {
+    if (delegate_) delegate_->layerWillDraw(*this);
+    ++displayCount_;
+    draw(context);
+  } catch (...) {
+    setNeedsDisplay();
+    throw;
+  }
 }
 
 CGPoint CPTLayer::convertPointToRoot(CGPoint point) const {

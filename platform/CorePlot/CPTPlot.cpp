@@ -63,23 +63,37 @@ void CPTPlot::readFromSource() {
   recordCount_ = 0;
   auto* const source = dataSource();
   if (!source) return;
-  const std::size_t count = source->numberOfRecords(*this);
+  try {
+    recordCount_ = readFrom(*source, kept);
+  } catch (...) {
+    dataLabels_.clear();
+    setDataNeedsReloading();
+    throw;
+  }
+}
+
+std::size_t CPTPlot::readFrom(CPTPlotDataSource& source, std::size_t kept) {
+  const std::size_t count = source.numberOfRecords(*this);
   std::size_t first = kept <= count ? kept : 0;
-  recordCount_ = readData(*source, {first, count - first});
-  if (recordCount_ < first) {
+  if (!isAnsweredBy(source)) return 0;
+  std::size_t read = readData(source, {first, count - first});
+  if (!isAnsweredBy(source)) return 0;
+  if (read < first) {
     // Of a field it has fewer than it says, and than there were.
     first = 0;
-    recordCount_ = readData(*source, {0, count});
+    read = readData(source, {0, count});
+    if (!isAnsweredBy(source)) return 0;
   }
   if (dataLabels_.size() != first) dataLabels_.clear();
-  std::ranges::move(source->dataLabels(*this, {first, recordCount_ - first}),
+  std::ranges::move(source.dataLabels(*this, {first, read - first}),
                     std::back_inserter(dataLabels_));
+  return isAnsweredBy(source) ? read : 0;
 }
 
 std::optional<CPTPlotRange> CPTPlot::plotRangeForCoordinate(CPTCoordinate coordinate,
                                                             double floor) {
   reloadDataIfNeeded();
-  if (!dataSource()) return std::nullopt;
+  if (!dataSource() || recordCount_ == 0) return std::nullopt;
   const RangeIndex::Extremes found = extremes(coordinate, floor);
   if (found.isEmpty()) return std::nullopt;
   constexpr double kLongest = std::numeric_limits<double>::max();
@@ -149,13 +163,14 @@ std::optional<std::vector<CGRect>> CPTPlot::placesOfMark(CGSize plotArea) {
 CPTNumericData CPTPlot::readField(CPTPlotDataSource& source, unsigned field, CPTRecordRange records,
                                   std::vector<double>& storage) const {
   const std::size_t end = records.location + records.length;
+  if (!isAnsweredBy(source)) return {};
   if (const auto lent = source.numbers(*this, field, {0, end})) {
     storage.clear();
     return lent->part(0, end);
   }
   storage.resize(std::min(records.location, storage.size()));
   storage.reserve(std::min(end, kMostSingleRecords));
-  while (storage.size() < std::min(end, kMostSingleRecords))
+  while (isAnsweredBy(source) && storage.size() < std::min(end, kMostSingleRecords))
     storage.push_back(source.number(*this, field, storage.size()));
   return storage;
 }

@@ -47,8 +47,13 @@ void CPTPlotArea::annotationsDidChange() {
 void CPTPlotArea::drawAnnotations(CGContext& context, const std::optional<CGRect>& rect) {
   annotationsChanged_ = false;
   const auto present = annotations_;
-  for (const auto& annotation : present)
-    if (!rect || !annotation->reach().intersection(*rect).isEmpty()) annotation->draw(context);
+  try {
+    for (const auto& annotation : present)
+      if (!rect || !annotation->reach().intersection(*rect).isEmpty()) annotation->draw(context);
+  } catch (...) {
+    setAnnotationsNeedDisplay();
+    throw;
+  }
 }
 
 }  // namespace vexel

@@ -36,14 +36,17 @@ std::size_t CPTScatterPlot::readData(CPTPlotDataSource& source, CPTRecordRange r
     recordSymbols_.clear();
     recordColors_ = {};
   }
-  records_.extend(readField(source, CPTScatterPlotFieldX, records, storedX_),
-                  readField(source, CPTScatterPlotFieldY, records, storedY_));
+  const CPTNumericData x = readField(source, CPTScatterPlotFieldX, records, storedX_);
+  const CPTNumericData y = readField(source, CPTScatterPlotFieldY, records, storedY_);
+  if (!isAnsweredBy(source)) return 0;
+  records_.extend(x, y);
   const std::size_t count = records_.count();
   const CPTRecordRange added{kept, count - std::min(kept, count)};
   // A list that has ended before goes on as it was: with the plot's own symbol.
-  if (recordSymbols_.size() == kept)
+  if (isAnsweredBy(source) && recordSymbols_.size() == kept)
     std::ranges::move(source.symbols(*this, added), std::back_inserter(recordSymbols_));
-  if (recordColors_.size() == kept) recordColors_.append(source.symbolColors(*this, added));
+  if (isAnsweredBy(source) && recordColors_.size() == kept)
+    recordColors_.append(source.symbolColors(*this, added));
   return count;
 }
 

@@ -7,12 +7,14 @@
 #include <functional>
 #include <limits>
 #include <map>
+#include <stdexcept>
 
 namespace vexel {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
@@ -339,6 +341,71 @@ TEST_F(NSWindowEvents, AViewMayRemoveItselfInAnyHandler) {
     sent(NSEventType::rightMouseUp, kInA);
     sent(NSEventType::mouseExited);
   }
+}
+
+TEST_F(NSWindowEvents, AViewThatNobodyElseHoldsMayRemoveItselfLater) {
+  struct Row {
+    const char* handler;
+    NSEventType press, then;
+  };
+  for (const auto& [handler, press, then] : {
+           Row{"dragged", NSEventType::leftMouseDown, NSEventType::leftMouseDragged},
+           Row{"up", NSEventType::leftMouseDown, NSEventType::leftMouseUp},
+           Row{"right dragged", NSEventType::rightMouseDown, NSEventType::rightMouseDragged},
+           Row{"right up", NSEventType::rightMouseDown, NSEventType::rightMouseUp},
+           Row{"exited", NSEventType::mouseMoved, NSEventType::mouseExited},
+           Row{"key down", NSEventType::mouseMoved, NSEventType::keyDown},
+           Row{"key up", NSEventType::mouseMoved, NSEventType::keyUp},
+       }) {
+    SCOPED_TRACE(handler);
+    if (a) a->removeFromSuperview();
+    a = std::make_shared<EventProbe>("a", log, CGRect::make(0, 10, 50, 90));
+    content->addSubview(a);
+    window->makeFirstResponder(a.get());
+    const std::weak_ptr<NSView> view = a;
+    a->plans[handler] = [view] { view.lock()->removeFromSuperview(); };
+    a.reset();
+    sent(press, kInA);
+    EXPECT_FALSE(view.expired());
+    sent(then, kInA);
+    EXPECT_TRUE(view.expired());
+    EXPECT_EQ(window->firstResponder(), nullptr);
+    for (const auto type :
+         {NSEventType::leftMouseDragged, NSEventType::leftMouseUp, NSEventType::rightMouseUp,
+          NSEventType::keyDown, NSEventType::mouseExited})
+      for (const std::string& heard : sent(type, kInA))
+        EXPECT_THAT(heard, StartsWith("content")) << static_cast<int>(type);
+  }
+}
+
+TEST_F(NSWindowEvents, AViewDestroyedWhileItIsHoveredPressedAndTheResponderIsForgotten) {
+  sent(NSEventType::mouseMoved, kInA);
+  sent(NSEventType::leftMouseDown, kInA);
+  sent(NSEventType::rightMouseDown, kInA);
+  window->makeFirstResponder(a.get());
+  a->removeFromSuperview();
+  a.reset();
+  EXPECT_EQ(window->firstResponder(), nullptr);
+  EXPECT_THAT(sent(NSEventType::leftMouseDragged, kInA), IsEmpty());
+  EXPECT_THAT(sent(NSEventType::rightMouseUp, kInA), ElementsAre("content entered"));
+  EXPECT_THAT(sent(NSEventType::leftMouseUp, kInA), IsEmpty());
+  EXPECT_THAT(sent(NSEventType::keyDown), ElementsAre("content key down"));
+  EXPECT_THAT(sent(NSEventType::mouseMoved, kInB),
+              ElementsAre("content exited", "b entered", "b moved"));
+}
+
+TEST_F(NSWindowEvents, WhatAHandlerThrowsReachesTheSenderAndLaterEventsGoTheirWay) {
+  a->plans["down"] = [] { throw std::runtime_error("down"); };
+  EXPECT_THROW(sent(NSEventType::leftMouseDown, kInA), std::runtime_error);
+  a->plans.clear();
+  log.clear();
+  EXPECT_THAT(sent(NSEventType::leftMouseDragged, kInB), ElementsAre("a dragged"));
+  a->plans["up"] = [] { throw std::runtime_error("up"); };
+  EXPECT_THROW(sent(NSEventType::leftMouseUp, kInB), std::runtime_error);
+  a->plans.clear();
+  log.clear();
+  EXPECT_THAT(sent(NSEventType::leftMouseDragged, kInB), IsEmpty());
+  EXPECT_THAT(sent(NSEventType::mouseMoved, kInB), ElementsAre("a exited", "b entered", "b moved"));
 }
 
 TEST_F(NSWindowEvents, AViewRemovedOnEnteringLetsTheEventGoToTheOneBehind) {

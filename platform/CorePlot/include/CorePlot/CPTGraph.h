@@ -84,7 +84,8 @@ class VEXEL_API CPTGraph : public CPTBorderedLayer {
 
   /// Draws the chart in its own coordinates and within its bounds, back to front: background,
   /// minor grid, major grid, axis lines and ticks, plots, axis labels, axis titles, annotations.
-  /// A hidden graph draws nothing; a hidden plot area, or frame, hides all that lies on it.
+  /// A hidden graph draws nothing; a hidden plot area, or frame, hides all that lies on it. What
+  /// data sources, delegates and formatters throw reaches the caller; nothing half drawn is kept.
   ///
   /// On bitmaps what lies below and above a change since the last display is taken from kept
   /// pictures where there are some: plots of few records, such as markers, and annotations move
@@ -106,6 +107,8 @@ class VEXEL_API CPTGraph : public CPTBorderedLayer {
 
   /// Marks what has changed in the hosting view.
   void tellHostingView();
+  /// In the graph's coordinates; absent when it may have changed anywhere.
+  std::optional<std::vector<CGRect>> changedPlaces();
   bool backgroundNeedsDisplay() const;
   bool axesNeedDisplay() const;
   /// The places of the axes; those of the last display when nothing has changed them.

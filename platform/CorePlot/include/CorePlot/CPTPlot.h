@@ -100,7 +100,8 @@ class VEXEL_API CPTPlot : public CPTLayer {
   explicit CPTPlot(CGRect frame) : CPTLayer(frame) {}
 
   /// Reads the fields that the kind of plot needs of these records; those before them have been
-  /// read and are the same. Returns the number of records that can be drawn, all in all.
+  /// read and are the same. Returns the number of records that can be drawn, all in all. The source
+  /// may be gone after any question; then it is not asked again, and the result does not count.
   virtual std::size_t readData(CPTPlotDataSource& source, CPTRecordRange records) = 0;
   /// The lowest and the highest of the finite numbers above `floor`.
   virtual RangeIndex::Extremes extremes(CPTCoordinate coordinate, double floor) const = 0;
@@ -118,8 +119,10 @@ class VEXEL_API CPTPlot : public CPTLayer {
   /// In points.
   CGSize plotAreaSize() const { return plotAreaSize_; }
 
+  /// Whether this source is still there and the plot's own.
+  bool isAnsweredBy(const CPTPlotDataSource& source) const { return dataSource() == &source; }
   /// A field as the source lends it, from the first record on, or `records` asked for one by one
-  /// and put into `storage` behind those before them.
+  /// and put into `storage` behind those before them. Nothing of a source that is gone.
   CPTNumericData readField(CPTPlotDataSource& source, unsigned field, CPTRecordRange records,
                            std::vector<double>& storage) const;
   /// Where the label of a record goes: its near edge is labelOffset from `anchor` in the direction
@@ -153,6 +156,8 @@ class VEXEL_API CPTPlot : public CPTLayer {
   friend class CPTGraph;
 
   void readFromSource();
+  /// The number of records that can be drawn; `kept` need not be read again.
+  std::size_t readFrom(CPTPlotDataSource& source, std::size_t kept);
 
   std::string identifier_;
   NSWeak<CPTPlotDataSource> dataSource_;
