@@ -1,5 +1,7 @@
 #include "PangoText.h"
 
+#include <CocoaLumberjack/DDLog.h>
+#include <fontconfig/fontconfig.h>
 #include <pango/pangocairo.h>
 
 #include <algorithm>
@@ -134,6 +136,21 @@ class StyledText {
   std::unique_ptr<PangoFontDescription, DescriptionRelease> lastFont_;
 };
 
+bool isEmpty(const FcFontSet* fonts) {
+  return !fonts || fonts->nfont == 0;
+}
+
+/// Says once, in each thread that draws text, that there are no fonts at all.
+void reportMissingFonts() {
+  thread_local bool wasAsked = false;
+  if (std::exchange(wasAsked, true)) return;
+  if (!isEmpty(FcConfigGetFonts(nullptr, FcSetSystem)) ||
+      !isEmpty(FcConfigGetFonts(nullptr, FcSetApplication)))
+    return;
+  ddLog(DDLogFlag::error,
+        [] { return "PangoText.layout: fontconfig knows no fonts, so text is drawn as boxes"; });
+}
+
 CGFloat points(int units) {
   return static_cast<CGFloat>(units) / PANGO_SCALE;
 }
@@ -253,6 +270,7 @@ PangoText::PangoText(const CGText& text) {
   glyphs_ = placedGlyphs(layout_.get(), styled);
   hasOutlines_ = std::ranges::none_of(
       glyphs_, [](const PlacedGlyph& g) { return (g.index & PANGO_GLYPH_UNKNOWN_FLAG) != 0; });
+  if (!hasOutlines_) reportMissingFonts();
 }
 
 void PangoText::show(cairo_t* context) const {
