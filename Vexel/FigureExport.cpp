@@ -1,5 +1,6 @@
 #include <Vexel/FigureExport.h>
 
+#include <new>
 #include <string>
 
 #include <CoreGraphics/CGBitmapContext.h>
@@ -33,6 +34,10 @@ std::string bytes(NSView& view, const std::string& extension, CGFloat backingSca
   return context->pngData();
 }
 
+FigureExportError withoutMemory(const std::filesystem::path& file) {
+  return FigureExportError(file.string() + ": there is not enough memory");
+}
+
 }  // namespace
 
 void exportFigure(NSView& view, const std::filesystem::path& file) {
@@ -45,17 +50,21 @@ void exportFigure(NSView& view, const std::filesystem::path& file, CGFloat backi
     replaceFile(file, data);
   } catch (const std::filesystem::filesystem_error& error) {
     throw FigureExportError(file.string() + ": " + error.code().message());
+  } catch (const std::bad_alloc&) {
+    throw withoutMemory(file);
   }
 }
 
 std::string figureData(NSView& view, const std::filesystem::path& name, CGFloat backingScale) {
-  const std::string extension = name.extension().string();
-  if (extension != ".png" && extension != ".pdf" && extension != ".svg")
-    throw FigureExportError(name.string() + ": a figure is written as .png, .pdf or .svg");
   try {
+    const std::string extension = name.extension().string();
+    if (extension != ".png" && extension != ".pdf" && extension != ".svg")
+      throw FigureExportError(name.string() + ": a figure is written as .png, .pdf or .svg");
     return bytes(view, extension, backingScale);
   } catch (const CGContextError& error) {
     throw FigureExportError(name.string() + ": " + error.what());
+  } catch (const std::bad_alloc&) {
+    throw withoutMemory(name);
   }
 }
 

@@ -1,9 +1,11 @@
 #include "FileReplacement.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <ctime>
 #include <string>
 #include <system_error>
 
@@ -28,6 +30,38 @@ void writeAll(int descriptor, const fs::path& file, std::string_view bytes) {
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
 }
+
+/// Opens what is no plain file; a pipe that nobody reads is an error rather than waited for.
+int openSpecial(const fs::path& target) {
+  const int descriptor = ::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
+  if (descriptor >= 0) ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
+  return descriptor;
+}
+
+/// Lets writing to a pipe that is no longer read fail instead of ending the process.
+class WithoutBrokenPipeSignal {
+ public:
+  WithoutBrokenPipeSignal() {
+    ::sigemptyset(&signal_);
+    ::sigaddset(&signal_, SIGPIPE);
+    sigset_t pending;
+    ::sigpending(&pending);
+    wasPending_ = ::sigismember(&pending, SIGPIPE) == 1;
+    ::pthread_sigmask(SIG_BLOCK, &signal_, &before_);
+  }
+  ~WithoutBrokenPipeSignal() {
+    constexpr timespec kNow{};
+    if (!wasPending_) ::sigtimedwait(&signal_, nullptr, &kNow);
+    ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+  WithoutBrokenPipeSignal(const WithoutBrokenPipeSignal&) = delete;
+  WithoutBrokenPipeSignal& operator=(const WithoutBrokenPipeSignal&) = delete;
+
+ private:
+  sigset_t signal_;
+  sigset_t before_;
+  bool wasPending_;
+};
 
 /// Writes and closes, also after a failure.
 void writeAndClose(int descriptor, const fs::path& file, std::string_view bytes) {
@@ -65,8 +99,9 @@ void replaceFile(const fs::path& file, std::string_view bytes) {
   const fs::file_status status = fs::status(target);
   if (fs::is_directory(status)) fail(file, EISDIR);
   if (fs::exists(status) && !fs::is_regular_file(status)) {
-    const int descriptor = ::open(target.c_str(), O_WRONLY | O_CLOEXEC);
+    const int descriptor = openSpecial(target);
     if (descriptor < 0) fail(file, errno);
+    const WithoutBrokenPipeSignal withoutSignal;
     writeAndClose(descriptor, file, bytes);
     return;
   }

@@ -60,6 +60,8 @@ std::span<const std::uint32_t> CairoBitmapContext::pixels() {
 }
 
 std::string CairoBitmapContext::pngData() {
+  if (const auto status = canvas_.status(); status != CAIRO_STATUS_SUCCESS)
+    throw CGContextError(cairo_status_to_string(status));
   try {
     return pngFile(pixels(), pixelWidth(), pixelHeight());
   } catch (const std::bad_alloc&) {

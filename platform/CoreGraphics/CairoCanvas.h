@@ -69,6 +69,8 @@ class CairoCanvas {
   /// Stretches a surface of one pixel over the whole page.
   void paintOverPage(cairo_surface_t* pixel);
 
+  /// The first failure of what was drawn so far.
+  cairo_status_t status() const { return cairo_status(cairo_.get()); }
   /// Ends drawing for good. Gives the state of the Cairo context.
   cairo_status_t finish();
 

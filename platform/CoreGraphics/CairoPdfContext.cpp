@@ -2,6 +2,7 @@
 
 #include <cairo-pdf.h>
 
+#include <new>
 #include <string>
 #include <utility>
 
@@ -34,7 +35,7 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
 
   void restoreState() override {
     if (savedClips_.empty()) return;
-    if (savedClips_.back() != clip_) show();
+    if (savedClips_.back() != clip_) showOrFail();
     clip_ = savedClips_.back();
     savedClips_.pop_back();
     canvas_.restoreState();
@@ -109,6 +110,15 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
     canvas_.paintOverPage(forms_.standInFor(std::exchange(content_, {})).get());
   }
 
+  /// The same where nothing may be thrown: a failure is told by finish().
+  void showOrFail() noexcept {
+    try {
+      show();
+    } catch (const std::bad_alloc&) {
+      status_ = CAIRO_STATUS_NO_MEMORY;
+    }
+  }
+
   void drawOneByOne(const CGPath& symbol, std::span<const CGSymbolStyle> styles,
                     std::span<const std::uint32_t> styleOfCenter,
                     std::span<const CGPoint> centers) {
@@ -121,9 +131,10 @@ class CairoPdfContext final : public CairoContext<CGDocumentContext> {
   void end() {
     if (isFinished_) return;
     isFinished_ = true;
-    status_ = canvas_.finish();
+    const cairo_status_t drawing = canvas_.finish();
     cairo_surface_finish(canvas_.surface());
-    if (status_ == CAIRO_STATUS_SUCCESS) status_ = cairo_surface_status(canvas_.surface());
+    for (const auto status : {drawing, cairo_surface_status(canvas_.surface())})
+      if (status_ == CAIRO_STATUS_SUCCESS) status_ = status;
   }
 
   std::unique_ptr<std::string> bytes_;

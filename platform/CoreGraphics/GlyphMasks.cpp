@@ -6,6 +6,7 @@
 #include <cmath>
 #include <functional>
 #include <memory>
+#include <new>
 #include <unordered_map>
 
 namespace vexel {
@@ -64,13 +65,13 @@ CoverageMask render(const GlyphShape& shape, const CGRect& ink) {
   cairo_set_matrix(context.get(), &matrix);
   addGlyphPath(context.get(), shape.font, shape.glyph);
   cairo_fill(context.get());
+  if (cairo_status(context.get()) == CAIRO_STATUS_NO_MEMORY) throw std::bad_alloc();
   cairo_surface_flush(surface.get());
 
   const unsigned char* data = cairo_image_surface_get_data(surface.get());
   const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface.get());
   for (int y = 0; data && y < mask.height; ++y)
     mask.coverage.insert(mask.coverage.end(), data + y * stride, data + y * stride + mask.width);
-  if (!data) mask.width = mask.height = 0;
   return mask;
 }
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <list>
+#include <new>
 #include <utility>
 
 #include "CairoCanvas.h"
@@ -47,8 +48,11 @@ struct PhaseMasks {
 
   void color(std::uint32_t pixel) {
     if (!weights.empty() && (pixel == strokePixel || fill.empty() || stroke.empty())) return;
-    strokePixel = pixel;
     const Coverage& weighted = fill.empty() ? stroke : fill;
+    // Memory may end here, and then nothing has changed.
+    pixels.reserve(weighted.size());
+    weights.reserve(weighted.size());
+    strokePixel = pixel;
     pixels.assign(weighted.size(), 0);
     weights.clear();
     for (std::size_t i = 0; i < weighted.size(); ++i) {
@@ -81,12 +85,13 @@ struct SymbolStamps::Shape {
   PhaseMasks& at(int phaseX, int phaseY) {
     auto& known = masks[phaseIndex(phaseX, phaseY)];
     if (known) return *known;
-    known = std::make_unique<PhaseMasks>();
+    auto made = std::make_unique<PhaseMasks>();
     if (isFilled)
-      known->fill = render(phaseX, phaseY, [&](CairoCanvas& c) { c.fill(path, kOpaque); });
+      made->fill = render(phaseX, phaseY, [&](CairoCanvas& c) { c.fill(path, kOpaque); });
     if (isStroked)
-      known->stroke = render(phaseX, phaseY, [&](CairoCanvas& c) { c.stroke(path, strokeStyle); });
-    trim(*known);
+      made->stroke = render(phaseX, phaseY, [&](CairoCanvas& c) { c.stroke(path, strokeStyle); });
+    trim(*made);
+    known = std::move(made);
     return *known;
   }
 
@@ -150,6 +155,7 @@ struct SymbolStamps::Shape {
     CairoCanvas canvas(std::move(surface), CairoCanvas::Surface::pixels, toDevice, visible,
                        visible);
     draw(canvas);
+    if (canvas.status() == CAIRO_STATUS_NO_MEMORY) throw std::bad_alloc();
     cairo_surface_flush(canvas.surface());
     const unsigned char* data = cairo_image_surface_get_data(canvas.surface());
     const std::ptrdiff_t stride = cairo_image_surface_get_stride(canvas.surface());
@@ -173,8 +179,9 @@ class SymbolStamps::ShapeCache {
     if (known != shapes_.end()) {
       shapes_.splice(shapes_.begin(), shapes_, known);
     } else {
-      shapes_.push_front(std::make_shared<Shape>(std::move(wanted)));
-      shapes_.front()->fitToInk();
+      const auto made = std::make_shared<Shape>(std::move(wanted));
+      made->fitToInk();
+      shapes_.push_front(made);
       if (shapes_.size() > kMaximumShapes) shapes_.pop_back();
     }
     return shapes_.front();

@@ -5,10 +5,19 @@
 #include <Vexel/FigureExport.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
+#include <stdexcept>
+#include <thread>
+#include <utility>
 
 #include "Vexel/ExampleFigure.h"
+#include "Vexel/LargestBlock.h"
 #include "Vexel/OutputFolder.h"
 #include "Vexel/WatchedContext.h"
 
@@ -17,6 +26,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -251,6 +261,111 @@ TEST_F(FigureExport, NamesAFileThatCannotBeWritten) {
     EXPECT_GT(failure(path).size(), path.size() + 2);
   }
   EXPECT_THAT(folder.names(), ElementsAre("folder.png", "full.svg"));
+}
+
+TEST_F(FigureExport, LeavesTheFormerFileAndTheFigureWholeWhereverMemoryEnds) {
+  for (const std::string name : {"figure.png", "figure.pdf", "figure.svg"}) {
+    const fs::path file = folder / name;
+    const std::string wanted = exported(*figure.view, name);
+    int failures = 0;
+    for (std::size_t requests = 0;; requests += 1 + requests / 50) {
+      SCOPED_TRACE(testing::Message() << name << " after " << requests);
+      folder.write(name, "old");
+      for (const auto& graph : figure.plot.graphs()) {
+        graph->reloadData();
+        graph->setNeedsDisplay();
+      }
+      requestsBeforeFailure() = requests;
+      const std::string text = failure(file);
+      const bool hasFailed = !std::exchange(requestsBeforeFailure(), std::nullopt);
+      if (!hasFailed) break;
+      // What can be done without, like a picture that is kept, may be.
+      if (!text.empty()) {
+        ++failures;
+        EXPECT_THAT(text, StartsWith(file.string() + ": "));
+      }
+      EXPECT_EQ(folder.read(name), text.empty() ? wanted : "old");
+      EXPECT_THAT(folder.names(), Contains(name));
+      ASSERT_TRUE(exported(*figure.view, name) == wanted);
+    }
+    EXPECT_GT(failures, 100);
+    EXPECT_EQ(folder.read(name), wanted);
+  }
+  EXPECT_THAT(folder.names(), ElementsAre("figure.pdf", "figure.png", "figure.svg"));
+}
+
+TEST_F(FigureExport, FailsCleanlyWhereMemoryEndsBeforeAnyTextWasDrawn) {
+  // What is known of texts and fonts is kept by each thread.
+  for (const std::string name : {"figure.png", "figure.pdf", "figure.svg"})
+    for (std::size_t requests = 0, step = 1; step != 0; requests += step) {
+      step = 1 + requests / 8;
+      std::thread([&] {
+        ExampleFigure fresh;
+        requestsBeforeFailure() = requests;
+        try {
+          figureData(*fresh.view, name, 1);
+        } catch (const FigureExportError&) {
+        }
+        if (std::exchange(requestsBeforeFailure(), std::nullopt)) step = 0;
+        EXPECT_TRUE(figureData(*fresh.view, name, 1) == figureData(*figure.view, name, 1))
+            << name << " after " << requests;
+      }).join();
+    }
+}
+
+#ifndef __SANITIZE_ADDRESS__
+// The sanitizer takes more addresses than any limit would leave.
+TEST_F(FigureExport, LeavesTheFormerFileWholeWhenTheBitmapDoesNotFitIntoMemory) {
+  folder.write("figure.png", "old");
+  const auto exportWithLittleMemory = [&] {
+    rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    constexpr rlim_t kRoom = 64 << 20;
+    const rlim_t bytes = pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE)) + kRoom;
+    const rlimit limit{bytes, bytes};
+    ::setrlimit(RLIMIT_AS, &limit);
+    const std::string text = failure(folder / "figure.png", 40);
+    const bool works = failure(folder / "small.png").empty();
+    std::fprintf(stderr, "%s; small: %d", text.c_str(), works);
+    std::_Exit(0);
+  };
+  EXPECT_EXIT(exportWithLittleMemory(), testing::ExitedWithCode(0),
+              "figure.png: out of memory; small: 1");
+  EXPECT_EQ(folder.read("figure.png"), "old");
+  EXPECT_THAT(folder.names(), ElementsAre("figure.png", "small.png"));
+}
+#endif
+
+TEST_F(FigureExport, PassesOnWhatADataSourceThrowsAndCanBeRepeated) {
+  struct ThrowingPlot : TestPlot {
+    double number(const CPTPlot& plot, unsigned field, std::size_t record) override {
+      if (throws) throw std::out_of_range("no such record");
+      return TestPlot::number(plot, field, record);
+    }
+    bool throws = true;
+  } plot;
+  const auto view = std::make_shared<PlotView>(CGRect::make(0, 0, 300, 200));
+  plot.initPlot(view, PlotTheme::white);
+  plot.setViews(1, 10, 20);
+  const auto graph = plot.format(plot.hostingViews()[0], {0, 0, 0, 0}, {50, 10, 20, 40});
+  plot.addPlot(cptLine(graph));
+  for (const std::string name : {"figure.png", "figure.pdf", "figure.svg"}) {
+    folder.write(name, "old");
+    plot.throws = true;
+    graph->reloadData();
+    EXPECT_THROW(exportFigure(*view, folder / name), std::out_of_range);
+    EXPECT_EQ(folder.read(name), "old");
+    plot.throws = false;
+    const std::string repeated = exported(*view, name);
+    EXPECT_NE(repeated, "old");
+    EXPECT_TRUE(exported(*view, name) == repeated);
+  }
+  EXPECT_THAT(folder.names(), ElementsAre("figure.pdf", "figure.png", "figure.svg"));
+}
+
+TEST_F(FigureExport, RefusesAPipeThatNobodyReads) {
+  ASSERT_EQ(::mkfifo((folder / "figure.svg").c_str(), 0600), 0);
+  EXPECT_THAT(failure(folder / "figure.svg"), StartsWith((folder / "figure.svg").string() + ": "));
 }
 
 TEST_F(FigureExport, ReplacesTheFormerFile) {

@@ -3,11 +3,14 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <functional>
+#include <thread>
 
 #include "Vexel/OutputFolder.h"
 
@@ -227,6 +230,64 @@ TEST_F(FileReplacement, WritesToAPipe) {
   ASSERT_GE(count, 0);
   EXPECT_EQ(std::string(bytes, static_cast<std::size_t>(count)), "through the pipe");
   EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+  EXPECT_THAT(folder.names(), ElementsAre("pipe"));
+}
+
+TEST_F(FileReplacement, RefusesAPipeThatNobodyReads) {
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(replace("pipe", "new"), std::errc::no_such_device_or_address);
+  EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+  EXPECT_THAT(folder.names(), ElementsAre("pipe"));
+}
+
+/// A pipe, and what somebody does with its open end for reading when something has arrived there.
+class ReadPipe {
+ public:
+  ReadPipe(const fs::path& pipe, std::function<void(int)> read) {
+    if (::mkfifo(pipe.c_str(), 0600) != 0) throw std::runtime_error("no pipe");
+    const int end = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    if (end < 0) throw std::runtime_error("no end of the pipe");
+    reader_ = std::thread([end, read = std::move(read)] {
+      pollfd arrived{end, POLLIN, 0};
+      ::poll(&arrived, 1, -1);
+      ::fcntl(end, F_SETFL, 0);
+      read(end);
+      ::close(end);
+    });
+  }
+  ~ReadPipe() { wait(); }
+  void wait() {
+    if (reader_.joinable()) reader_.join();
+  }
+
+ private:
+  std::thread reader_;
+};
+
+TEST_F(FileReplacement, WaitsForTheReaderOfAPipe) {
+  std::string got;
+  ReadPipe pipe(folder / "pipe", [&](int end) {
+    char bytes[1000];
+    while (const ssize_t count = ::read(end, bytes, sizeof bytes)) {
+      ASSERT_GT(count, 0);
+      got.append(bytes, static_cast<std::size_t>(count));
+    }
+  });
+  const std::string sent(1 << 20, 'x');
+  EXPECT_EQ(replace("pipe", sent), std::error_code());
+  pipe.wait();
+  EXPECT_TRUE(got == sent);
+}
+
+TEST_F(FileReplacement, ReportsAPipeWhoseReaderLeaves) {
+  const ReadPipe pipe(folder / "pipe", [](int end) {
+    char byte;
+    EXPECT_EQ(::read(end, &byte, 1), 1);
+  });
+  EXPECT_EQ(replace("pipe", std::string(1 << 20, 'x')), std::errc::broken_pipe);
+  sigset_t pending;
+  ::sigpending(&pending);
+  EXPECT_EQ(::sigismember(&pending, SIGPIPE), 0);
   EXPECT_THAT(folder.names(), ElementsAre("pipe"));
 }
 

@@ -9,7 +9,16 @@ std::size_t& vexel::largestBlock() {
   return size;
 }
 
+std::optional<std::size_t>& vexel::requestsBeforeFailure() {
+  thread_local std::optional<std::size_t> requests;
+  return requests;
+}
+
 void* operator new(std::size_t size) {
+  if (auto& left = vexel::requestsBeforeFailure(); left && (*left)-- == 0) {
+    left.reset();
+    throw std::bad_alloc();
+  }
   vexel::largestBlock() = std::max(vexel::largestBlock(), size);
   if (void* block = std::malloc(size)) return block;
   throw std::bad_alloc();

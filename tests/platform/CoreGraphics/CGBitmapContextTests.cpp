@@ -4,9 +4,18 @@
 #include <rapidcheck/gtest.h>
 
 #include "Bitmaps.h"
+#include "CairoBitmapContext.h"
 
 namespace vexel {
 namespace {
+
+/// A canvas of 10 x 10 pixels whose surface has failed.
+CairoCanvas brokenCanvas() {
+  CairoSurfaceHandle surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 10, 10));
+  cairo_surface_finish(surface.get());
+  const CGRect page = CGRect::make(0, 0, 10, 10);
+  return {std::move(surface), CairoCanvas::Surface::pixels, {1, 0, 0, -1, 0, 10}, page, page};
+}
 
 CGStrokeStyle aligned(CGFloat width = 1) {
   return {.width = width, .alignsToPixels = true};
@@ -24,6 +33,13 @@ TEST(CGBitmapContext, RefusesSizesThatItCannotHold) {
         Row{{1, 16384}, 2}, Row{{1e300, 1e300}, 1e300}})
     EXPECT_THROW(CGBitmapContext::create(row.size, row.scale), CGContextError)
         << row.size.width << " x " << row.size.height << " at " << row.scale;
+}
+
+TEST(CGBitmapContext, GivesNoFileWhenSomethingCouldNotBeDrawn) {
+  // As the drawing library behaves when it runs out of memory: from then on it does nothing.
+  CairoBitmapContext context(brokenCanvas(), 1, CGBitmapContext::Use::file);
+  context.fill(rectPath(0, 0, 10, 10), kRed);
+  EXPECT_THROW(context.pngData(), CGContextError);
 }
 
 TEST(CGBitmapContext, HasTheRoundedProductOfPixelsAndAtLeastOne) {
