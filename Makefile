@@ -4,7 +4,7 @@ PRESETS := release debug asan tsan coverage
 FUZZ_SECONDS := 10
 EXPLORER := build/release/examples/impact-explorer/impact-explorer
 
-.PHONY: help demo test test-install check docs bench format setup setup-check headers symbols tidy fuzz \
+.PHONY: help demo test test-install check docs soak bench format setup setup-check headers symbols tidy fuzz \
         $(PRESETS:%=build-%) $(PRESETS:%=test-%)
 
 help:
@@ -14,6 +14,7 @@ help:
 	@echo "make docs     write the reference of the headers into build/docs/html"
 	@echo "make fuzz     feed the fuzz targets, FUZZ_SECONDS=$(FUZZ_SECONDS) each"
 	@echo "make symbols  renew the lists of what the libraries export"
+	@echo "make soak     do a million random things to figures, and look whether memory stays flat"
 	@echo "make bench    time complete figures; docs/performance.md says how they compare"
 	@echo "make format   put the sources into the common format"
 	@echo "build-PRESET and test-PRESET exist for the presets $(PRESETS);"
@@ -44,6 +45,9 @@ check: setup-check
 docs: setup-check
 	@mkdir -p build/docs
 	@doxygen docs/Doxyfile
+
+soak: build-release
+	@build/release/tests/soak 1000000
 
 bench: build/release/build.ninja
 	@dpkg -s libbenchmark-dev >/dev/null 2>&1 || { echo "bench: libbenchmark-dev is missing" >&2; exit 1; }
