@@ -27,7 +27,8 @@ namespace vexel {
 /// one. keyCode is the native scan code, timestamp counts in the seconds of Qt's events.
 ///
 /// Views that draw nothing show the widget's background. To be used in the thread of the
-/// application's windows; the widget may be destroyed by what an event does.
+/// application's windows; the widget may be destroyed by what an event does. Qt lets no exception
+/// through: one of a view, a data source or a delegate ends the program, as in any event handler.
 class VEXEL_API PlotWidget : public QWidget {
   Q_OBJECT
 

@@ -126,7 +126,8 @@ class VEXEL_API NSView : public virtual NSObject, public std::enable_shared_from
   /// depend on has changed. Views that they do not determine keep what is left open: their size
   /// first, then their origin. Overriders call this first.
   virtual void layout();
-  /// Calls layout() for this view and all below that need it, from the top down.
+  /// Calls layout() for this view and all below that need it, from the top down. A view whose
+  /// layout() throws still needs it.
   void layoutSubtreeIfNeeded();
 
   // Display
@@ -154,6 +155,8 @@ class VEXEL_API NSView : public virtual NSObject, public std::enable_shared_from
   /// Lays out what needs it and draws this view and those below it, each clipped to its bounds,
   /// with this view's bottom-left corner at the origin of the context. Nothing that can be seen
   /// is marked afterwards, except by the drawing itself. A hidden or empty view draws nothing.
+  /// Views may be added and removed meanwhile. What draw() or layout() throws reaches the caller:
+  /// the context has its former state, and views that were not drawn to the end stay marked.
   void display(CGContext& context);
   /// The same for the part inside `rect` (own coordinates). Views of which more can be seen and
   /// was marked stay marked.

@@ -60,7 +60,9 @@ class VEXEL_API NSWindow : public virtual NSObject, public std::enable_shared_fr
   /// When the pointer comes over another view the former one gets mouseExited and the new one
   /// mouseEntered, except during a drag, where this waits for the release; an event of type
   /// mouseExited tells that the pointer has left the window. Key events go to the first
-  /// responder. Views may be added and removed while an event is handled.
+  /// responder. Views may be added, removed and destroyed while an event is handled, the one that
+  /// handles it and the window included. What a handler throws reaches the caller; later events go
+  /// where they would have gone.
   void sendEvent(const NSEvent& event);
 
  private:

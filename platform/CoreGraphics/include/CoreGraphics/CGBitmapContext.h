@@ -35,7 +35,7 @@ class VEXEL_API CGBitmapContext : public CGContext {
   /// Valid until the next drawing call.
   virtual std::span<const std::uint32_t> pixels() = 0;
   /// The bitmap as a PNG file. Equal pixels give equal bytes. Throws CGContextError when there is
-  /// no memory for it.
+  /// no memory for it, or was none for something that was drawn.
   virtual std::string pngData() = 0;
 };
 

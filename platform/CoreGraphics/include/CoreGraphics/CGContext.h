@@ -21,6 +21,9 @@ class CGLayer;
 
 /// A surface that is drawn on, in points with y up. Drawing takes the current transform and
 /// clip. Coordinates that are not finite draw nothing.
+///
+/// Without memory a drawing call throws std::bad_alloc or draws nothing, and then the bytes of the
+/// surface cannot be had: pngData() and finish() throw CGContextError. restoreState() never throws.
 class VEXEL_API CGContext : public CGTextMeasure {
  public:
   /// Keeps transform and clip for the matching restoreState(); they nest.

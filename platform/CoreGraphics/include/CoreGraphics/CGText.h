@@ -13,7 +13,9 @@ namespace vexel {
 enum class CGTextAlignment { left = 0, center = 1, right = 2 };
 
 /// A font: family name and size in points. "Helvetica" is drawn with the metric-compatible
-/// family that the system has.
+/// family that the system has, and any other as the nearest one. Characters that no font has are
+/// drawn as boxes. Without any fonts that is all of them, and an error is logged, once in each
+/// thread that draws.
 struct VEXEL_API CGFont {
   /// The name, and the size in points.
   std::string family = "Helvetica";

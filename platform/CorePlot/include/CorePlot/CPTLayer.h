@@ -73,7 +73,8 @@ class VEXEL_API CPTLayer : public virtual NSObject {
   unsigned displayCount() const { return displayCount_; }
 
   /// Draws the layer's own content in its own coordinates, unless it is hidden. What a layer
-  /// draws is up to its type; sublayers are drawn by their own calls.
+  /// draws is up to its type; sublayers are drawn by their own calls. When the delegate or the
+  /// drawing throws, the layer needs display again. The caller keeps the layer alive.
   void display(CGContext& context);
 
   /// Moves a point from this layer's coordinates to those of the outermost layer.

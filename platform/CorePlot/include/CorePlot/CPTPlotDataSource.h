@@ -39,6 +39,10 @@ enum CPTBarPlotField : unsigned {
 /// Answers what a plot shows. A plot asks once after it was added or told that its data changed
 /// (CPTPlot::setDataNeedsReloading), never while nothing changed. It refers to its source weakly:
 /// when the source is gone the plot draws nothing.
+///
+/// An answer may be given by an exception, which reaches who displays the chart or reloads the
+/// plot. The plot then has no records, and asks for all of them anew before the next display. A
+/// source may also be destroyed while it answers, or remove the plot: no further question follows.
 class VEXEL_API CPTPlotDataSource : public virtual NSObject {
  public:
   /// Records that the plot has at present.
