@@ -1,12 +1,20 @@
 #include "WindowBitmap.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <vector>
 
 namespace vexel {
 
 namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// What takes longer is shown part by part, with events in between.
+constexpr std::chrono::milliseconds kFrame(16);
+// Parts of less height, in points, are not worth it.
+constexpr CGFloat kLeastHeight = 32;
 
 /// The smallest rectangle around `rect` whose edges lie between pixels.
 CGRect wholePixels(const CGRect& rect, CGFloat ratio, CGFloat pixelHeight) {
@@ -27,29 +35,99 @@ CGSize coveredPart(CGSize size, CGFloat ratio) {
   return {covered(size.width), covered(size.height)};
 }
 
+/// Where the views at the bottom of the tree begin and end, in window coordinates.
+void addEdges(const NSView& view, std::vector<CGFloat>& edges) {
+  for (const auto& subview : view.subviews()) addEdges(*subview, edges);
+  if (!view.subviews().empty()) return;
+  const CGRect bounds = view.bounds();
+  for (const CGFloat y : {bounds.minY(), bounds.maxY()})
+    edges.push_back(view.convertPointToView({bounds.minX(), y}, nullptr).y);
+}
+
 }  // namespace
 
 bool WindowBitmap::update(NSWindow& window, qreal ratio, const CGColor& background) {
   const CGSize size = window.contentSize();
-  std::vector<CGRect> dirty = window.dirtyRects();
+  std::unique_ptr<CGBitmapContext> former;
   if (!context_ || size_ != size || context_->backingScale() != ratio) {
-    context_.reset();
+    former = std::move(context_);
     try {
       context_ = CGBitmapContext::create(coveredPart(size, ratio), ratio);
     } catch (const CGContextError&) {
       return false;
     }
     size_ = size;
-    dirty = {CGRect{{}, size}};
+    context_->fillAligned({{}, size}, background);
+    window.contentView()->setNeedsDisplay(true);
   }
-  for (const CGRect& rect : dirty) {
-    const CGRect part = wholePixels(rect, ratio, context_->pixelHeight());
-    const CGSavedState state(*context_);
-    context_->clip(part);
-    context_->fillAligned(part, background);
-    window.displayRect(part, *context_);
-  }
+
+  const std::vector<Strip> all = strips(window);
+  const auto start = Clock::now();
+  const auto isTimely = [&] { return Clock::now() - start < kFrame; };
+  std::size_t drawn = 0;
+  for (; drawn < all.size() && (drawn == 0 || isTimely()); ++drawn)
+    draw(all[drawn], window, background);
+  const bool isComplete = drawn == all.size();
+  goOnBelow_ = isComplete ? std::numeric_limits<CGFloat>::infinity() : all[drawn - 1].minY();
+  if (former && !isComplete) stretch(*former, std::span(all).subspan(drawn));
   return true;
+}
+
+std::vector<WindowBitmap::Strip> WindowBitmap::strips(NSWindow& window) const {
+  const std::vector<CGRect> dirty = window.dirtyRects();
+  std::vector<CGFloat> edges;
+  addEdges(*window.contentView(), edges);
+  std::ranges::sort(edges, std::greater<>());
+
+  // Between pixels, so that one part does not draw a row of the next one.
+  const CGFloat ratio = context_->backingScale();
+  const CGFloat top = context_->pixelHeight() / ratio;
+  std::vector<Strip> strips;
+  for (const CGRect& rect : dirty) {
+    CGFloat above = rect.maxY();
+    const auto cutAt = [&](CGFloat y) {
+      strips.push_back(CGRect::make(rect.minX(), y, rect.size.width, above - y));
+      above = y;
+    };
+    for (const CGFloat edge : edges) {
+      const CGFloat y = top - std::round((top - edge) * ratio) / ratio;
+      if (y <= above - kLeastHeight && y >= rect.minY() + kLeastHeight) cutAt(y);
+    }
+    cutAt(rect.minY());
+  }
+  std::ranges::stable_sort(strips, std::greater<>(), &CGRect::maxY);
+  const auto next =
+      std::ranges::find_if(strips, [&](const Strip& strip) { return strip.maxY() <= goOnBelow_; });
+  std::ranges::rotate(strips, next);
+  return strips;
+}
+
+void WindowBitmap::draw(const Strip& strip, NSWindow& window, const CGColor& background) {
+  const CGRect part = wholePixels(strip, context_->backingScale(), context_->pixelHeight());
+  const CGSavedState state(*context_);
+  context_->clip(part);
+  context_->fillAligned(part, background);
+  window.displayRect(part, *context_);
+}
+
+/// Fills parts with what they showed at another size or ratio.
+void WindowBitmap::stretch(CGBitmapContext& former, std::span<const Strip> strips) {
+  const auto from = former.pixels();
+  const auto nearest = [](int place, int count, int formerCount) {
+    return static_cast<int>((place + 0.5) * formerCount / count);
+  };
+  for (const Strip& strip : strips) {
+    const CGSavedState state(*context_);
+    context_->clip(wholePixels(strip, context_->backingScale(), context_->pixelHeight()));
+    context_->drawOnPixels([&](const CGPixels& to) {
+      for (int y = to.clip.top; y < to.clip.bottom; ++y) {
+        const int row = nearest(y, to.buffer.height, former.pixelHeight());
+        for (int x = to.clip.left; x < to.clip.right; ++x)
+          to.buffer.row(y)[x] =
+              from[row * former.pixelWidth() + nearest(x, to.buffer.width, former.pixelWidth())];
+      }
+    });
+  }
 }
 
 QImage WindowBitmap::image() const {

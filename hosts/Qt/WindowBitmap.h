@@ -5,23 +5,36 @@
 #include <CoreGraphics/CGColor.h>
 
 #include <QImage>
+#include <limits>
 #include <memory>
+#include <span>
 
 namespace vexel {
 
 /// The pixels of a window, kept from one display to the next.
 class WindowBitmap {
  public:
-  /// Draws the parts of the window that are marked for display; all of it when size or ratio are
-  /// others than the last time. False when there is nothing to show: no area, or no memory.
+  /// Draws parts of the window that are marked for display, one after the other from the top, until
+  /// a frame's time is over: what is left then stays marked, shows what it did before, and comes
+  /// first the next time. At another size or ratio all of the window counts as marked. False when
+  /// there is nothing to show: no area, or no memory.
   bool update(NSWindow& window, qreal ratio, const CGColor& background);
 
   /// The pixels themselves, not a copy: valid until the next update.
   QImage image() const;
 
  private:
+  /// Drawn in one go, in window coordinates.
+  using Strip = CGRect;
+
+  std::vector<Strip> strips(NSWindow& window) const;
+  void draw(const Strip& strip, NSWindow& window, const CGColor& background);
+  void stretch(CGBitmapContext& former, std::span<const Strip> strips);
+
   std::unique_ptr<CGBitmapContext> context_;
   CGSize size_;
+  /// What was drawn last stands above this when something was left.
+  CGFloat goOnBelow_ = std::numeric_limits<CGFloat>::infinity();
 };
 
 }  // namespace vexel

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <AppKit/NSView.h>
 
@@ -20,6 +21,20 @@ bool covers(const CGRect& rect, const CGRect& part) {
   return part.isEmpty() ||
          (part.minX() >= rect.minX() - kInvisible && part.maxX() <= rect.maxX() + kInvisible &&
           part.minY() >= rect.minY() - kInvisible && part.maxY() <= rect.maxY() + kInvisible);
+}
+
+/// What is left of `part` when `drawn` has been: nothing, what is above and below, or all of it.
+std::vector<CGRect> without(const CGRect& drawn, const CGRect& part) {
+  if (covers(drawn, part)) return {};
+  const CGRect acrossDrawn =
+      CGRect::make(part.minX(), drawn.minY(), part.size.width, drawn.size.height);
+  const CGRect both = acrossDrawn.intersection(part);
+  if (both.isEmpty() || !covers(drawn, both)) return {part};
+  const auto between = [&](CGFloat bottom, CGFloat top) {
+    return CGRect::make(part.minX(), bottom, part.size.width,
+                        top - bottom > kInvisible ? top - bottom : 0);
+  };
+  return {between(part.minY(), both.minY()), between(both.maxY(), part.maxY())};
 }
 
 bool isNumber(const CGRect& rect) {
@@ -95,8 +110,9 @@ void NSView::displayRect(CGRect rect, CGContext& context) {
 /// bottom-left corner.
 void NSView::drawSubtree(CGRect rect, CGRect visible, CGPoint offset, CGContext& context) {
   if (hidden_ || rect.isEmpty()) return;
-  std::erase_if(dirtyRects_,
-                [&](const CGRect& dirty) { return covers(rect, dirty.intersection(visible)); });
+  for (const CGRect& dirty : std::exchange(dirtyRects_, {}))
+    for (const CGRect& left : without(rect, dirty.intersection(visible)))
+      addDirtyRect(dirtyRects_, left);
   if (dirtyRects_.empty()) needsDisplay_ = false;
 
   const CGSavedState state(context);

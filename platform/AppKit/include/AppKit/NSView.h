@@ -158,8 +158,8 @@ class VEXEL_API NSView : public virtual NSObject, public std::enable_shared_from
   /// Views may be added and removed meanwhile. What draw() or layout() throws reaches the caller:
   /// the context has its former state, and views that were not drawn to the end stay marked.
   void display(CGContext& context);
-  /// The same for the part inside `rect` (own coordinates). Views of which more can be seen and
-  /// was marked stay marked.
+  /// The same for the part inside `rect` (own coordinates). What was marked and can be seen above
+  /// and below it stays marked; so does all that was, in views it does not cross from side to side.
   void displayRect(CGRect rect, CGContext& context);
 
   // Events
