@@ -20,6 +20,9 @@ constexpr double kLogarithmicFrom = 1000;
 // A line moves by less than this part of its range from one row to the next, half of the time.
 constexpr double kSmoothStep = 0.05;
 constexpr int kDaysPerBar = 5;
+// Of a range, at an end that symbols would stand across.
+constexpr double kTimeRoom = 0.01;
+constexpr double kValueRoom = 0.02;
 // Bars leave a gap to their neighbours.
 constexpr double kBarShare = 0.8;
 
@@ -42,6 +45,14 @@ bool spansDecades(const std::vector<double>& values) {
   return *least > 0 && *greatest / *least >= kLogarithmicFrom;
 }
 
+/// Moves the ends of a range that the extremes come near to.
+void addRoom(double& lower, double& upper, double least, double greatest) {
+  const double room = kValueRoom * (upper - lower);
+  const bool isNearLower = least < lower + room;
+  if (greatest > upper - room) upper += room;
+  if (isNearLower) lower -= room;
+}
+
 void chooseValueAxis(Band& band) {
   const std::vector<double> values = finiteOf(band.values);
   if (values.empty()) return;
@@ -51,8 +62,11 @@ void chooseValueAxis(Band& band) {
 
   band.logarithmic = band.style != BandStyle::bars && spansDecades(values);
   if (band.logarithmic) {
-    band.lower = std::pow(10, std::floor(std::log10(low)));
-    band.upper = std::pow(10, std::ceil(std::log10(high)));
+    double lower = std::floor(std::log10(low));
+    double upper = std::ceil(std::log10(high));
+    addRoom(lower, upper, std::log10(low), std::log10(high));
+    band.lower = std::pow(10, lower);
+    band.upper = std::pow(10, upper);
     return;
   }
   if (band.style == BandStyle::bars) low = std::min(low, 0.0);
@@ -64,6 +78,7 @@ void chooseValueAxis(Band& band) {
   const double step = vexel::getOptimimumMajorInterval(std::vector{low, high}, 1.0);
   band.lower = std::floor(low / step) * step;
   band.upper = std::ceil(high / step) * step;
+  if (band.style != BandStyle::bars) addRoom(band.lower, band.upper, low, high);
 }
 
 double usualDistance(const std::vector<double>& times) {
@@ -101,8 +116,7 @@ BandStyle suitableStyle(const std::vector<double>& values) {
                                                                         : BandStyle::symbols;
 }
 
-Band makeBand(std::string title, BandStyle style, std::vector<double> times,
-              std::vector<double> values) {
+Band makeBand(std::string title, BandStyle style, Numbers times, Numbers values) {
   Band band{.title = std::move(title),
             .style = style,
             .times = std::move(times),
@@ -144,17 +158,27 @@ std::vector<Band> bandsOf(const ImpactSample& sample, std::size_t time,
 TimeSpan timeSpan(const std::vector<Band>& bands) {
   double start = std::numeric_limits<double>::infinity();
   double end = -start;
+  double firstPoint = start, lastPoint = end;
   for (const Band& band : bands) {
-    const double room = band.style == BandStyle::bars ? band.barWidth / 2 : 0;
+    const bool isBars = band.style == BandStyle::bars;
+    const double room = isBars ? band.barWidth / 2 : 0;
     for (const double time : band.times) {
       if (!std::isfinite(time)) continue;
       start = std::min(start, std::max(time - room, -kLargest));
       end = std::max(end, std::min(time + room, kLargest));
+      if (isBars) continue;
+      firstPoint = std::min(firstPoint, time);
+      lastPoint = std::max(lastPoint, time);
     }
   }
   if (start > end) return {};
   if (start == end) return {start - 0.5, end + 0.5};
-  return {start, end};
+  const double room = kTimeRoom / (1 - 2 * kTimeRoom) * (end - start);
+  const TimeSpan roomy{std::min(start, std::max(firstPoint - room, -kLargest)),
+                       std::max(end, std::min(lastPoint + room, kLargest))};
+  // Not beyond the end of the calendar.
+  const TimeSpan tight{start, end};
+  return tight.isInCalendar() && !roomy.isInCalendar() ? tight : roomy;
 }
 
 }  // namespace explorer

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ImpactSample.h"
+#include "Numbers.h"
 #include "Table.h"
 
 namespace explorer {
@@ -23,11 +24,12 @@ struct Band {
   std::string title;
   BandStyle style = BandStyle::symbols;
   /// Julian days and values; NaN where there is none.
-  std::vector<double> times = {};
-  std::vector<double> values = {};
+  Numbers times = {};
+  Numbers values = {};
   /// Width of a bar in days.
   double barWidth = 1;
-  /// The value axis: positive quantities over three decades or more are shown logarithmically.
+  /// The value axis: positive quantities over three decades or more are shown logarithmically. Its
+  /// ends are ticks; 2 % beyond those that a value comes near to, so that no symbol is cut.
   bool logarithmic = false;
   double lower = 0;
   double upper = 1;
@@ -35,7 +37,6 @@ struct Band {
   std::optional<OtherUnit> otherUnit = std::nullopt;
 };
 
-/// The span of all finite times of the bands; at least a day wide around a single moment.
 struct TimeSpan {
   double start = 0;
   double end = 1;
@@ -47,8 +48,7 @@ struct TimeSpan {
 };
 
 /// A band with the value axis that suits its values.
-Band makeBand(std::string title, BandStyle style, std::vector<double> times,
-              std::vector<double> values);
+Band makeBand(std::string title, BandStyle style, Numbers times, Numbers values);
 
 /// Bars for counts (whole numbers that are not negative), a line for values that move little from
 /// row to row, symbols for others.
@@ -65,6 +65,8 @@ inline constexpr std::size_t kMostBands = 4;
 std::vector<Band> bandsOf(const ImpactSample& sample, std::size_t time,
                           const std::vector<std::string>& chosen, const std::string& file);
 
+/// Around all finite times of the bands: bars whole, and 1 % of the span beyond each end of what is
+/// not shown as bars, so that no symbol is cut; at least a day around a single moment.
 TimeSpan timeSpan(const std::vector<Band>& bands);
 
 }  // namespace explorer

@@ -43,15 +43,16 @@ SymbolColorCode quantityFor(const std::string& name, double least, double greate
 
 }  // namespace
 
-ColorCoding codingOf(const Column& column) {
+ColorCoding codingOf(std::string title, Numbers values) {
   double least = std::numeric_limits<double>::infinity();
   double greatest = -least;
-  for (const double value : column.values) {
+  for (const double value : values) {
     if (std::isnan(value)) continue;
     least = std::min(least, value);
     greatest = std::max(greatest, value);
   }
-  return {quantityFor(column.name, least, greatest), column.name, column.values};
+  const SymbolColorCode quantity = quantityFor(title, least, greatest);
+  return {quantity, std::move(title), std::move(values)};
 }
 
 ColorBarDefinition ColorCoding::definition() const {

@@ -6,7 +6,7 @@
 
 #include <PlotColorTable/SymbolColorCode.h>
 
-#include "Column.h"
+#include "Numbers.h"
 
 namespace explorer {
 
@@ -16,7 +16,7 @@ struct ColorCoding {
   /// Of the colour bar.
   std::string title;
   /// One per symbol; NaN where there is none.
-  std::vector<double> values;
+  Numbers values;
 
   /// Absent: the one that the quantity has.
   std::optional<vexel::PlotCT> table = std::nullopt;
@@ -25,9 +25,9 @@ struct ColorCoding {
   vexel::ColorBarDefinition definition() const;
 };
 
-/// The coding that suits a column: as the quantity that its name speaks of (charge, speed, size,
-/// mass or energy), else by what its values are like. Values that are not all above 0, or span
+/// The coding that suits values: as the quantity that their title speaks of (charge, speed, size,
+/// mass or energy), else by what they are like. Values that are not all above 0, or span
 /// less than a decade, are shown linearly whatever they are called.
-ColorCoding codingOf(const Column& column);
+ColorCoding codingOf(std::string title, Numbers values);
 
 }  // namespace explorer

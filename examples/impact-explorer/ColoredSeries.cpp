@@ -33,8 +33,9 @@ ColoredSeries coloredSeries(const Table& table, std::size_t time,
   if (!colored) colored = firstBut(table, time, shown, file);
 
   const Column& column = table.columns[shown];
+  const Column& coloring = table.columns[*colored];
   return {makeBand(column.name, BandStyle::symbols, table.columns[time].values, column.values),
-          codingOf(table.columns[*colored])};
+          codingOf(coloring.name, coloring.values)};
 }
 
 }  // namespace explorer

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kUsualBands = 3;
 // As many bars as can be told apart.
-constexpr double kMostBars = 220;
+constexpr double kMostBars = 225;
 
 bool holdsNumber(const Column& column) {
   return std::ranges::any_of(column.values, [](double value) { return std::isfinite(value); });
@@ -46,11 +46,13 @@ Exploration::Exploration(const std::optional<std::string>& file,
     unmeasured = std::move(sample.instrumentOff);
   }
   time_ = timeColumn(table_, timeName, name_);
+  rowTimes_ = std::move(table_.columns[time_].values);
+  nearestRow_ = NearestPoint(rowTimes_);
   for (std::size_t i = 0; i < table_.columns.size(); ++i)
     if (i != time_ && holdsNumber(table_.columns[i])) quantities_.push_back(table_.columns[i].name);
   if (quantities_.empty()) throw InputError({name_}, "no column but the time holds a number");
 
-  span_ = timeSpan({Band{.title = "", .times = table_.columns[time_].values}});
+  span_ = timeSpan({Band{.title = "", .times = rowTimes_}});
   if (span_.isInCalendar()) countRows(unmeasured, file ? "Rows" : "Impacts");
 
   // Made here, where the window does not wait for them.
@@ -60,22 +62,22 @@ Exploration::Exploration(const std::optional<std::string>& file,
   const Choice first = choice(std::nullopt, std::nullopt, {});
   goOn();
   valueBand(first.value);
-  nearest(first.value);
   goOn();
   coding(first.color);
   for (const std::string& quantity : first.bands) {
     goOn();
-    nearest(quantity);
+    band(quantity);
   }
 }
 
 void Exploration::countRows(const std::vector<DaySpan>& unmeasured, const std::string& noun) {
   const int days = std::max(1, static_cast<int>(std::ceil((span_.end - span_.start) / kMostBars)));
-  const DailyCounts counts = countsPerDays(table_.columns[time_].values, days, unmeasured);
+  const DailyCounts counts = countsPerDays(rowTimes_, days, unmeasured);
   std::vector<double> middles;
   for (std::size_t i = 0; i < counts.counts.size(); ++i) middles.push_back(counts.middle(i));
   const std::string unit = days == 1 ? "day" : std::to_string(days) + " days";
   counts_ = makeBand(noun + " per " + unit, BandStyle::bars, std::move(middles), counts.counts);
+  nearestCount_ = NearestPoint(counts_->times);
 }
 
 std::vector<std::string> Exploration::bandQuantities() const {
@@ -115,32 +117,30 @@ Choice Exploration::choice(const std::optional<std::string>& value,
   return result;
 }
 
-const Column& Exploration::column(const std::string& quantity) const {
-  return table_.columns[columnNamed(table_, quantity, name_)];
+const Numbers& Exploration::values(const std::string& quantity) const {
+  return kept(values_, quantity,
+              [&] { return table_.columns[columnNamed(table_, quantity, name_)].values; });
 }
 
 const Band& Exploration::valueBand(const std::string& quantity) const {
-  return kept(valueBands_, quantity, [&] {
-    return makeBand(quantity, BandStyle::symbols, table_.columns[time_].values,
-                    column(quantity).values);
-  });
+  return kept(valueBands_, quantity,
+              [&] { return makeBand(quantity, BandStyle::symbols, rowTimes_, values(quantity)); });
 }
 
 const Band& Exploration::band(const std::string& quantity) const {
   if (counts_ && quantity == counts_->title) return *counts_;
   return kept(bands_, quantity, [&] {
-    const Column& values = column(quantity);
-    return makeBand(quantity, suitableStyle(values.values), table_.columns[time_].values,
-                    values.values);
+    const Numbers& shown = values(quantity);
+    return makeBand(quantity, suitableStyle(shown), rowTimes_, shown);
   });
 }
 
 const ColorCoding& Exploration::coding(const std::string& quantity) const {
-  return kept(codings_, quantity, [&] { return codingOf(column(quantity)); });
+  return kept(codings_, quantity, [&] { return codingOf(quantity, values(quantity)); });
 }
 
 const NearestPoint& Exploration::nearest(const std::string& quantity) const {
-  return kept(nearest_, quantity, [&] { return NearestPoint(band(quantity)); });
+  return counts_ && quantity == counts_->title ? nearestCount_ : nearestRow_;
 }
 
 }  // namespace explorer

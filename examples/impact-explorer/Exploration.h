@@ -40,8 +40,8 @@ class Exploration {
   const std::string& name() const { return name_; }
   /// What could not be read of the file, one line each.
   const std::vector<std::string>& warnings() const { return warnings_; }
-  std::size_t rowCount() const { return table_.rowCount(); }
-  /// From the first to the last time.
+  std::size_t rowCount() const { return rowTimes_.size(); }
+  /// Around all times, as timeSpan() has it.
   const TimeSpan& span() const { return span_; }
 
   /// The columns but the time that hold a number, at least one.
@@ -61,24 +61,27 @@ class Exploration {
   /// In the style that suits the quantity.
   const Band& band(const std::string& quantity) const;
   const ColorCoding& coding(const std::string& quantity) const;
-  /// Among the points of the band of the quantity, which are those of valueBand() as well.
+  /// Among the points of the band of the quantity, whose times are those of valueBand() as well.
   const NearestPoint& nearest(const std::string& quantity) const;
 
  private:
-  const Column& column(const std::string& quantity) const;
+  const Numbers& values(const std::string& quantity) const;
   void countRows(const std::vector<DaySpan>& unmeasured, const std::string& noun);
 
   std::string name_;
+  /// Without the times, which are in rowTimes_.
   Table table_;
   std::vector<std::string> warnings_;
   std::size_t time_ = 0;
+  Numbers rowTimes_;
+  NearestPoint nearestRow_, nearestCount_;
   TimeSpan span_;
   std::vector<std::string> quantities_;
   std::optional<Band> counts_;
+  mutable std::map<std::string, Numbers> values_;
   mutable std::map<std::string, Band> valueBands_;
   mutable std::map<std::string, Band> bands_;
   mutable std::map<std::string, ColorCoding> codings_;
-  mutable std::map<std::string, NearestPoint> nearest_;
 };
 
 }  // namespace explorer

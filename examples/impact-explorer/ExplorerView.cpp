@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace explorer {
 
@@ -47,7 +48,8 @@ ExplorerView::ExplorerView(CGRect frame, PlotTheme theme, std::optional<PlotCT> 
         const auto* chosen = std::any_cast<std::optional<PlotCT>>(&notification.userInfo);
         if (!chosen || *chosen == table_) return;
         table_ = *chosen;
-        rebuild();
+        if (exploration_) rebuildColored();
+        changed();
       });
 }
 
@@ -62,38 +64,51 @@ void ExplorerView::explore(std::shared_ptr<const Exploration> exploration, Choic
 
 void ExplorerView::choose(Choice choice) {
   if (!exploration_ || choice == choice_) return;
-  choice_ = std::move(choice);
-  rebuild();
+  const Choice former = std::exchange(choice_, std::move(choice));
+  if (former.bands.empty() != choice_.bands.empty()) return rebuild();
+  if (former.value != choice_.value || former.color != choice_.color) rebuildColored();
+  if (former.bands != choice_.bands) rebuildStack();
+  changed();
 }
 
 // The figures
 
 void ExplorerView::rebuild() {
-  drag_.reset();
   setNeedsDisplay(true);
   if (!exploration_) return changed();
-  if (upper_) upper_->removeFromSuperview();
-  if (lower_) lower_->removeFromSuperview();
-  upper_ = std::make_shared<PlotView>();
-  lower_ = std::make_shared<PlotView>();
-  addSubview(upper_);
-  addSubview(lower_);
-  placeHosts();
+  rebuildColored();
+  rebuildStack();
+  changed();
+}
 
+void ExplorerView::rebuildColored() {
+  drag_.reset();
+  if (upper_) upper_->removeFromSuperview();
+  upper_ = std::make_shared<PlotView>();
+  addSubview(upper_);
+  placeHosts();
   ColorCoding coding = exploration_->coding(choice_.color);
   coding.table = table_;
-  std::vector<Band> bands;
-  for (const std::string& quantity : choice_.bands) bands.push_back(exploration_->band(quantity));
   colored_ = makePlot<ColorFigure>(
       upper_, theme_, exploration_->valueBand(choice_.value), std::move(coding),
-      bands.empty() ? ColorFigure::Place::alone : ColorFigure::Place::above);
+      choice_.bands.empty() ? ColorFigure::Place::alone : ColorFigure::Place::above);
   upper_->setDelegate(colored_.get());
+  colored_->showTime(navigation_.shown());
+  colored_->setPins(pins_);
+}
+
+void ExplorerView::rebuildStack() {
+  drag_.reset();
+  if (lower_) lower_->removeFromSuperview();
+  lower_ = std::make_shared<PlotView>();
+  addSubview(lower_);
+  placeHosts();
+  std::vector<Band> bands;
+  for (const std::string& quantity : choice_.bands) bands.push_back(exploration_->band(quantity));
   stack_ = makePlot<ImpactFigure>(lower_, theme_, std::move(bands), std::nullopt, kRightPadding);
   lower_->setDelegate(stack_.get());
-
-  showTime();
-  showPins();
-  changed();
+  stack_->showTime(navigation_.shown());
+  stack_->setPins(pins_);
 }
 
 void ExplorerView::setFrameSize(CGSize size) {
@@ -102,11 +117,10 @@ void ExplorerView::setFrameSize(CGSize size) {
 }
 
 void ExplorerView::placeHosts() {
-  if (!upper_) return;
   const CGSize size = bounds().size;
   const CGFloat height = choice_.bands.empty() ? 0 : std::round(size.height * (1 - kUpperShare));
-  upper_->setFrame(CGRect::make(0, height, size.width, size.height - height));
-  lower_->setFrame(CGRect::make(0, 0, size.width, height));
+  if (upper_) upper_->setFrame(CGRect::make(0, height, size.width, size.height - height));
+  if (lower_) lower_->setFrame(CGRect::make(0, 0, size.width, height));
 }
 
 void ExplorerView::draw(CGContext& context, CGRect) {
@@ -137,20 +151,22 @@ std::optional<ExplorerView::UnderMarker> ExplorerView::underMarker() {
   if (!time) return std::nullopt;
   const double perPoint = colored_->daysPerPoint();
   UnderMarker result{timeText(*time, perPoint, navigation_.whole().isInCalendar()), {}};
-  const auto add = [&](const std::string& name, const std::vector<double>& values,
+  const auto add = [&](const std::string& name, const Numbers& values,
                        std::optional<std::size_t> point) {
     const auto isNamed = [&](const auto& entry) { return entry.first == name; };
     if (std::ranges::any_of(result.values, isNamed)) return;
     result.values.emplace_back(name, point ? valueText(values[*point]) : "-");
   };
-  const auto colored = exploration_->nearest(choice_.value).at(*time, kReach * perPoint);
+  const auto colored =
+      exploration_->nearest(choice_.value).at(*time, kReach * perPoint, colored_->band().values);
   add(colored_->band().title, colored_->band().values, colored);
   add(colored_->coding().title, colored_->coding().values, colored);
   for (std::size_t i = 0; i < stack_->bands().size(); ++i) {
     const Band& band = stack_->bands()[i];
     const double reach =
         std::max(kReach * perPoint, band.style == BandStyle::bars ? band.barWidth / 2 : 0);
-    add(band.title, band.values, exploration_->nearest(choice_.bands[i]).at(*time, reach));
+    add(band.title, band.values,
+        exploration_->nearest(choice_.bands[i]).at(*time, reach, band.values));
   }
   return result;
 }

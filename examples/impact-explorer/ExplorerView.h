@@ -90,6 +90,8 @@ class ExplorerView : public vexel::PlotView {
   };
 
   void rebuild();
+  void rebuildColored();
+  void rebuildStack();
   void placeHosts();
   void showTime();
   void showPins();

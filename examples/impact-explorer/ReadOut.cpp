@@ -30,24 +30,25 @@ std::string valueText(double value) {
   return std::isnan(value) ? "-" : fmt::format("{:.4g}", value);
 }
 
-NearestPoint::NearestPoint(const Band& band) : band_(&band), order_(band.times.size()) {
+NearestPoint::NearestPoint(Numbers times) : times_(std::move(times)), order_(times_.size()) {
   std::iota(order_.begin(), order_.end(), std::size_t{0});
-  std::erase_if(order_, [&](std::size_t i) { return !std::isfinite(band.times[i]); });
-  const auto earlier = [&](std::size_t a, std::size_t b) { return band.times[a] < band.times[b]; };
+  std::erase_if(order_, [&](std::size_t i) { return !std::isfinite(times_[i]); });
+  const auto earlier = [&](std::size_t a, std::size_t b) { return times_[a] < times_[b]; };
   if (!std::is_sorted(order_.begin(), order_.end(), earlier))
     std::stable_sort(order_.begin(), order_.end(), earlier);
 }
 
-std::optional<std::size_t> NearestPoint::at(double when, double reach) const {
+std::optional<std::size_t> NearestPoint::at(double when, double reach,
+                                            const Numbers& values) const {
   const auto first = std::lower_bound(order_.begin(), order_.end(), when,
-                                      [&](std::size_t i, double t) { return band_->times[i] < t; });
+                                      [&](std::size_t i, double t) { return times_[i] < t; });
   const auto start = static_cast<std::size_t>(first - order_.begin());
   std::optional<std::size_t> nearest;
   double distance = reach;
   const auto isNearer = [&](std::size_t place) {
     const double away = std::abs(time(place) - when);
     if (!(away <= distance)) return false;
-    if (!std::isnan(band_->values[order_[place]])) {
+    if (!std::isnan(values[order_[place]])) {
       nearest = order_[place];
       distance = away;
     }

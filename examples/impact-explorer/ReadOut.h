@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "Band.h"
+#include "Numbers.h"
 
 namespace explorer {
 
@@ -17,21 +17,21 @@ std::string timeText(double time, double resolution, bool isInCalendar);
 /// With four digits that count, whatever the locale is: "12.35", "1.235e+09"; "-" for NaN.
 std::string valueText(double value);
 
-/// The points of a band in the order of time, to find the one near a pointer.
+/// Points in the order of their times, to find the one near a pointer.
 class NearestPoint {
  public:
-  /// Refers to the band, which stays unchanged as long as this is used.
-  explicit NearestPoint(const Band& band);
+  explicit NearestPoint(Numbers times = {});
 
-  /// The number of the point with a value whose time is nearest, at most `reach` away; of equally
-  /// near ones any. Absent when there is none among the nearest kMostTried points on either side.
-  std::optional<std::size_t> at(double time, double reach) const;
+  /// The number of the point with one of the values, which are as many as the times, whose time is
+  /// nearest, at most `reach` away; of equally near ones any. Absent when there is none among the
+  /// nearest kMostTried points on either side.
+  std::optional<std::size_t> at(double time, double reach, const Numbers& values) const;
   static constexpr std::size_t kMostTried = 1000;
 
  private:
-  double time(std::size_t place) const { return band_->times[order_[place]]; }
+  double time(std::size_t place) const { return times_[order_[place]]; }
 
-  const Band* band_;
+  Numbers times_;
   /// Numbers of the points with a finite time.
   std::vector<std::size_t> order_;
 };

@@ -15,7 +15,7 @@ using AxisType = ColorBarDefinition::AxisType;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 SymbolColorCode quantityOf(const std::string& name, const std::vector<double>& values) {
-  return codingOf({name, values}).quantity;
+  return codingOf(name, values).quantity;
 }
 
 TEST(ColorCoding, IsThatOfTheQuantityThatTheNameSpeaksOf) {
@@ -44,10 +44,10 @@ TEST(ColorCoding, IsLinearWhateverTheNameForOtherValues) {
 }
 
 TEST(ColorCoding, GivesABarTitledWithTheNameAndLabelledWithNumbers) {
-  const ColorBarDefinition logarithmic = codingOf({"Speed [km/s]", {1, 20}}).definition();
+  const ColorBarDefinition logarithmic = codingOf("Speed [km/s]", {1, 20}).definition();
   EXPECT_EQ(logarithmic.title, "Speed [km/s]");
   EXPECT_EQ(logarithmic.type, AxisType::log);
-  const ColorBarDefinition linear = codingOf({"x", {-1, 1}}).definition();
+  const ColorBarDefinition linear = codingOf("x", {-1, 1}).definition();
   EXPECT_EQ(linear.title, "x");
   EXPECT_EQ(linear.type, AxisType::linear);
   EXPECT_EQ(linear.formatter, nullptr);
@@ -56,7 +56,7 @@ TEST(ColorCoding, GivesABarTitledWithTheNameAndLabelledWithNumbers) {
 TEST(ColorCoding, HasNoColourForAbsentValues) {
   for (const std::vector<double>& values :
        std::vector<std::vector<double>>{{1, kNaN, 20}, {-1, kNaN, 1}}) {
-    const ColorBarDefinition bar = codingOf({"Speed", values}).definition();
+    const ColorBarDefinition bar = codingOf("Speed", values).definition();
     ASSERT_EQ(bar.colors.size(), 3u);
     EXPECT_TRUE(bar.colors[0]);
     EXPECT_FALSE(bar.colors[1]);

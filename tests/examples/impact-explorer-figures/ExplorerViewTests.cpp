@@ -24,8 +24,8 @@ using testing::SizeIs;
 constexpr double kStart = 2459000.5;
 constexpr double kDays = 100;
 
-/// A window of 600 x 400 with a figure of 101 days; A rises by 1 and B falls by 1 per day. The time
-/// runs from x = 78 to x = 480.
+/// A window of 600 x 400 with a figure of 99 days and room for another on either side; A rises by 1
+/// and B falls by 1 per day. The time runs from x = 78 to x = 480.
 class ExplorerViewTest : public testing::Test {
  protected:
   static constexpr double kLeft = 78;
@@ -33,7 +33,7 @@ class ExplorerViewTest : public testing::Test {
 
   ExplorerViewTest() {
     std::string content = "JD,A,B\n";
-    for (int i = 0; i <= 100; ++i)
+    for (int i = 1; i <= 99; ++i)
       content += std::to_string(2459000 + i) + ".5," + std::to_string(i) + ".5," +
                  std::to_string(200 - i) + "\n";
     exploration = std::make_shared<const Exploration>(

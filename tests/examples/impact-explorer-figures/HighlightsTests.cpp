@@ -21,12 +21,10 @@ ImpactSample sampleOf(std::vector<double> days, std::vector<double> distances) {
 
 /// Bars of ten days, the first around day 5.
 Band barsOf(std::vector<double> counts) {
-  Band band;
+  std::vector<double> middles;
   for (std::size_t i = 0; i < counts.size(); ++i)
-    band.times.push_back(5 + 10 * static_cast<double>(i));
-  band.values = std::move(counts);
-  band.barWidth = 10;
-  return band;
+    middles.push_back(5 + 10 * static_cast<double>(i));
+  return {.title = "", .times = std::move(middles), .values = std::move(counts), .barWidth = 10};
 }
 
 struct Case {

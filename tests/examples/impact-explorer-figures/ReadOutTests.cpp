@@ -45,15 +45,15 @@ TEST(ReadOut, ValuesHaveFourDigitsThatCount) {
   EXPECT_EQ(valueText(-1234567), "-1.235e+06");
 }
 
-Band bandOf(std::vector<double> times, std::vector<double> values) {
-  return {.title = "", .times = std::move(times), .values = std::move(values)};
-}
+struct Points {
+  Numbers times, values;
+};
 
 TEST(NearestPoint, NoPointsAreNeverNear) {
-  for (const Band& band :
-       {bandOf({}, {}), bandOf({kNaN, kInfinity}, {1, 2}), bandOf({1, 2, 3}, {kNaN, kNaN, kNaN})})
+  for (const auto& [points, values] :
+       {Points{}, Points{{kNaN, kInfinity}, {1, 2}}, Points{{1, 2, 3}, {kNaN, kNaN, kNaN}}})
     for (const double time : {kNaN, -kInfinity, 0.0, 2.0})
-      EXPECT_EQ(NearestPoint(band).at(time, 10), std::nullopt);
+      EXPECT_EQ(NearestPoint(points).at(time, 10, values), std::nullopt);
 }
 
 struct Near {
@@ -63,7 +63,8 @@ struct Near {
 
 TEST(NearestPoint, IsTheNearestWithAValueWithinReach) {
   // In any order, with a time and a value missing.
-  const Band band = bandOf({30, 10, kNaN, 20, 22}, {3, 1, 9, kNaN, 2});
+  const Numbers times{30, 10, kNaN, 20, 22};
+  const Numbers values{3, 1, 9, kNaN, 2};
   const Near cases[] = {
       {kNaN, 5, std::nullopt},
       {10, kNaN, std::nullopt},
@@ -82,16 +83,16 @@ TEST(NearestPoint, IsTheNearestWithAValueWithinReach) {
       {-1000, kInfinity, 1},
   };
   for (const auto& [time, reach, point] : cases)
-    EXPECT_EQ(NearestPoint(band).at(time, reach), point) << time << ' ' << reach;
+    EXPECT_EQ(NearestPoint(times).at(time, reach, values), point) << time << ' ' << reach;
 }
 
 TEST(NearestPoint, GivesUpInALongGap) {
   const std::size_t count = 4 * NearestPoint::kMostTried;
-  Band band = bandOf(std::vector<double>(count), std::vector<double>(count, kNaN));
-  for (std::size_t i = 0; i < count; ++i) band.times[i] = static_cast<double>(i);
-  band.values.front() = 1;
-  EXPECT_EQ(NearestPoint(band).at(static_cast<double>(count) / 2, 1e9), std::nullopt);
-  EXPECT_EQ(NearestPoint(band).at(10, 1e9), 0u);
+  std::vector<double> times(count), values(count, kNaN);
+  for (std::size_t i = 0; i < count; ++i) times[i] = static_cast<double>(i);
+  values.front() = 1;
+  EXPECT_EQ(NearestPoint(times).at(static_cast<double>(count) / 2, 1e9, values), std::nullopt);
+  EXPECT_EQ(NearestPoint(times).at(10, 1e9, values), 0u);
 }
 
 }  // namespace
