@@ -1,6 +1,7 @@
 #include <VexelQt/PlotWidget.h>
 
 #include <CoreGraphics/CGBitmapContext.h>
+#include <CoreGraphics/CGDocumentContext.h>
 #include <CoreGraphics/CGNullContext.h>
 #include <Vexel/FigureExport.h>
 
@@ -9,6 +10,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPointer>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 
@@ -57,6 +59,14 @@ std::unique_ptr<CGBitmapContext> drawn(NSView& view, qreal pixelsPerPoint) {
   } catch (const CGContextError&) {
     return nullptr;
   }
+}
+
+/// Where a figure stands on a page: in its own size or reduced.
+QRectF placeOnPage(const QSizeF& figure, const QRectF& page, qreal unitsPerPoint) {
+  const qreal scale =
+      std::min({unitsPerPoint, page.width() / figure.width(), page.height() / figure.height()});
+  const QSizeF size = scale * figure;
+  return {QPointF(page.x() + (page.width() - size.width()) / 2, page.y()), size};
 }
 
 /// Draws nothing and counts symbols.
@@ -127,6 +137,8 @@ void PlotWidget::paintEvent(QPaintEvent*) {
   if (!contentView()) return;
   const CGColor background = cgColor(palette().color(backgroundRole()));
   if (!bitmap_->update(*viewWindow_, devicePixelRatioF(), background)) return;
+  // Other events come first.
+  if (!bitmap_->isComplete()) QTimer::singleShot(0, this, &PlotWidget::scheduleDisplay);
   QPainter painter(this);
   // At a fractional ratio the widget may begin inside a pixel of the window.
   const QTransform toDevice = painter.deviceTransform();
@@ -253,18 +265,36 @@ bool PlotWidget::print(QPagedPaintDevice& device) const {
   if (!painter.begin(&device)) return false;
 
   const QSizeF size(view->bounds().size.width, view->bounds().size.height);
-  const QSizeF page = painter.viewport().size();
-  const qreal natural = device.logicalDpiX() / kPointsPerInch;
-  const qreal reduced = std::min(page.width() / size.width(), page.height() / size.height());
-  const qreal scale = std::min(natural, reduced);
+  const QRectF target =
+      placeOnPage(size, painter.viewport(), device.logicalDpiX() / kPointsPerInch);
   const qreal affordable = std::sqrt(kMostPrintedPixels / (size.width() * size.height()));
-  const auto context = drawn(*view, std::min(scale, affordable));
+  const auto context = drawn(*view, std::min(target.width() / size.width(), affordable));
   if (!context) return false;
 
-  const QRectF target(QPointF((page.width() - scale * size.width()) / 2, 0), scale * size);
   const QImage printed = imageOf(*context);
   painter.drawImage(target, printed, QRectF(QPointF(), QSizeF(printed.size())));
   return painter.end();
+}
+
+QByteArray PlotWidget::pdfPage(const QPageLayout& layout) const {
+  const auto view = contentView();
+  if (!view || view->bounds().isEmpty()) return {};
+  const CGSize size = view->bounds().size;
+  const QSizeF paper = layout.fullRect(QPageLayout::Point).size();
+  const QRectF place =
+      placeOnPage({size.width, size.height}, layout.paintRect(QPageLayout::Point), 1);
+  const CGFloat scale = place.width() / size.width;
+  if (!(scale > 0)) return {};
+  try {
+    const auto page =
+        CGDocumentContext::create(CGDocumentContext::Format::pdf, {paper.width(), paper.height()});
+    page->translate(place.x(), paper.height() - place.bottom());
+    page->scale(scale, scale);
+    drawOnto(*page, *view);
+    return QByteArray::fromStdString(page->finish());
+  } catch (const CGContextError&) {
+    return {};
+  }
 }
 
 }  // namespace vexel

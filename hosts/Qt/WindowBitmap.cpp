@@ -67,9 +67,9 @@ bool WindowBitmap::update(NSWindow& window, qreal ratio, const CGColor& backgrou
   std::size_t drawn = 0;
   for (; drawn < all.size() && (drawn == 0 || isTimely()); ++drawn)
     draw(all[drawn], window, background);
-  const bool isComplete = drawn == all.size();
-  goOnBelow_ = isComplete ? std::numeric_limits<CGFloat>::infinity() : all[drawn - 1].minY();
-  if (former && !isComplete) stretch(*former, std::span(all).subspan(drawn));
+  isComplete_ = drawn == all.size();
+  goOnBelow_ = isComplete_ ? std::numeric_limits<CGFloat>::infinity() : all[drawn - 1].minY();
+  if (former && !isComplete_) stretch(*former, std::span(all).subspan(drawn));
   return true;
 }
 

@@ -20,6 +20,9 @@ class WindowBitmap {
   /// there is nothing to show: no area, or no memory.
   bool update(NSWindow& window, qreal ratio, const CGColor& background);
 
+  /// Whether nothing was left the last time.
+  bool isComplete() const { return isComplete_; }
+
   /// The pixels themselves, not a copy: valid until the next update.
   QImage image() const;
 
@@ -33,6 +36,7 @@ class WindowBitmap {
 
   std::unique_ptr<CGBitmapContext> context_;
   CGSize size_;
+  bool isComplete_ = true;
   /// What was drawn last stands above this when something was left.
   CGFloat goOnBelow_ = std::numeric_limits<CGFloat>::infinity();
 };

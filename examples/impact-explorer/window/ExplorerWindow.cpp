@@ -13,6 +13,7 @@
 #include <QMimeData>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QSaveFile>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStatusBar>
@@ -44,6 +45,13 @@ constexpr const char* kUse =
     "<tr><td><b>Alt+Left, Alt+Right</b></td><td>back and forward</td></tr>"
     "<tr><td><b>Drop a file</b></td><td>open it</td></tr>"
     "</table>";
+
+/// False when it could not be written, or is empty.
+bool write(const QByteArray& content, const QString& name) {
+  QSaveFile file(name);
+  return !content.isEmpty() && file.open(QIODevice::WriteOnly) &&
+         file.write(content) == content.size() && file.commit();
+}
 
 std::string localFile(const QMimeData& data) {
   const auto urls = data.urls();
@@ -277,7 +285,9 @@ void ExplorerWindow::print() {
   printer.setPageOrientation(QPageLayout::Landscape);
   QPrintDialog dialog(&printer, this);
   if (dialog.exec() != QDialog::Accepted) return;
-  if (plot_->print(printer))
+  const bool isFile = printer.outputFormat() == QPrinter::PdfFormat;
+  if (isFile ? write(plot_->pdfPage(printer.pageLayout()), printer.outputFileName())
+             : plot_->print(printer))
     statusBar()->showMessage("Printed", kStatusTime);
   else
     message_->setText("The figure could not be printed.");

@@ -209,6 +209,7 @@ focus "$(window Print)"
 key Return
 printed() { tail -c 10 "$folder/print.pdf" 2>/dev/null | grep -q %%EOF; }
 wait_for 20 printed || complain "nothing was printed"
+grep -aq /Font "$folder/print.pdf" || complain "text was printed as an image"
 focus "$main"
 
 # Keys

@@ -127,6 +127,68 @@ TEST_F(PlotWidgetCopies, APageHoldsItInItsOwnSizeOrReducedAtTheResolutionOfThePr
   }
 }
 
+class Square : public NSView {
+ public:
+  using NSView::NSView;
+
+  void draw(CGContext& context, CGRect) override {
+    CGMutablePath path;
+    path.addRect(bounds().insetBy(10, 10));
+    context.fill(path, CGColor::deviceRGB(0, 0, 1));
+  }
+};
+
+/// The streams of a PDF document, one after the other.
+QByteArray contentOf(const QByteArray& document) {
+  static const QByteArray kBegin = "stream\n", kEnd = "endstream";
+  // Qt wants to know a size beforehand, which may be wrong.
+  const QByteArray size("\0\0\x40\0", 4);
+  QByteArray content;
+  for (qsizetype begin = document.indexOf(kBegin); begin >= 0;) {
+    begin += kBegin.size();
+    const qsizetype end = document.indexOf(kEnd, begin);
+    content += qUncompress(size + document.mid(begin, end - begin));
+    begin = document.indexOf(kBegin, end + kEnd.size());
+  }
+  return content;
+}
+
+struct PdfPage {
+  QSizeF inches;
+  qreal margins;
+  const char* paper;
+  /// Two corners of the square, from the bottom left.
+  const char* corners[2];
+};
+
+TEST_F(PlotWidgetCopies, APdfPageHoldsItInItsOwnSizeOrReducedAsVectors) {
+  const PdfPage pages[] = {
+      {{10, 8}, 0.5, "[ 0 0 720 576 ]", {"270 430 m", "450 530 l"}},
+      {{1, 20}, 0, "[ 0 0 72 1440 ]", {"3.6 1400.4 m", "68.4 1436.4 l"}},
+      {{20, 1}, 0, "[ 0 0 1440 72 ]", {"666 6 m", "774 66 l"}},
+  };
+  widget.setContentView(std::make_shared<Square>(CGRect::make(0, 0, 200, 120)));
+  for (const auto& [inches, margins, paper, corners] : pages) {
+    const QPageLayout layout(QPageSize(inches, QPageSize::Inch), QPageLayout::Portrait,
+                             QMarginsF(margins, margins, margins, margins), QPageLayout::Inch);
+    const QByteArray document = widget.pdfPage(layout);
+    EXPECT_TRUE(document.contains(paper)) << document.toStdString();
+    const QByteArray content = contentOf(document);
+    for (const char* const corner : corners)
+      EXPECT_TRUE(content.contains(corner)) << content.toStdString();
+  }
+}
+
+TEST_F(PlotWidgetCopies, NoPdfPageHoldsNothingOrHasASizeBeyondAll) {
+  const QPageLayout none;
+  const QPageLayout huge(QPageSize(QSizeF(500, 500), QPageSize::Inch), QPageLayout::Portrait, {});
+  EXPECT_TRUE(widget.pdfPage(none).isEmpty());
+  EXPECT_TRUE(widget.pdfPage(huge).isEmpty());
+  widget.setContentView(nullptr);
+  EXPECT_TRUE(
+      widget.pdfPage(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {})).isEmpty());
+}
+
 TEST_F(PlotWidgetCopies, APrinterThatCannotBeginIsReported) {
   QPdfWriter page("/no such folder/page.pdf");
   EXPECT_FALSE(widget.print(page));

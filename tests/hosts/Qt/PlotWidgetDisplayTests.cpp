@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QThread>
 
 #include "ShownWidget.h"
 
@@ -268,6 +269,90 @@ TEST_P(PlotWidgetDisplay, AViewThatAnotherWidgetTakesIsNoLongerShownHere) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AtEveryRatio, PlotWidgetDisplay, testing::ValuesIn(kRatios));
+
+/// Takes more than a frame's time to draw.
+class Slow : public Colored {
+ public:
+  using Colored::Colored;
+
+  void draw(CGContext& context, CGRect dirtyRect) override {
+    QThread::msleep(20);
+    Colored::draw(context, dirtyRect);
+  }
+};
+
+/// Three bands, of which band 2 is the topmost.
+class SlowPlotWidget : public testing::TestWithParam<double> {
+ protected:
+  SlowPlotWidget() {
+    constexpr auto kSizes = NSAutoresizingMask::widthSizable | NSAutoresizingMask::heightSizable;
+    for (int i = 0; i < 3; ++i) {
+      bands.push_back(std::make_shared<Slow>(CGRect::make(0, 40 * i, 100, 40), kRed));
+      bands.back()->setAutoresizingMask(kSizes | NSAutoresizingMask::minYMargin |
+                                        NSAutoresizingMask::maxYMargin);
+      view->addSubview(bands.back());
+    }
+    showOn(widget, GetParam());
+    finish();
+    widget.installEventFilter(&repaints);
+  }
+
+  bool finish() {
+    return QTest::qWaitFor([&] { return !widget.viewWindow().needsDisplay(); });
+  }
+  /// All of it has to be drawn again, but only one frame is.
+  void beginAgain() {
+    view->setNeedsDisplay(true);
+    widget.repaint();
+  }
+  std::vector<std::size_t> timesDrawn() const {
+    std::vector<std::size_t> result;
+    for (const auto& band : bands) result.push_back(band->drawn.size());
+    return result;
+  }
+
+  std::shared_ptr<PlotView> view = std::make_shared<PlotView>(CGRect::make(0, 0, 100, 120));
+  std::vector<std::shared_ptr<Slow>> bands;
+  PlotWidget widget{view};
+  Repaints repaints;
+};
+
+TEST_P(SlowPlotWidget, IsShownPartByPartWithEventsInBetween) {
+  for (const auto& band : bands) band->drawn.clear();
+  std::vector<std::vector<std::size_t>> seen;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] { seen.push_back(timesDrawn()); });
+  timer.start(0);
+  view->setNeedsDisplay(true);
+  widget.update();
+  ASSERT_TRUE(finish());
+  EXPECT_EQ(repaints.count, 3);
+  EXPECT_THAT(timesDrawn(), ElementsAre(1, 1, 1));
+  EXPECT_THAT(seen, testing::Contains(ElementsAre(0, 0, 1)));
+  EXPECT_THAT(seen, testing::Contains(ElementsAre(0, 1, 1)));
+}
+
+TEST_P(SlowPlotWidget, EveryPartHasItsTurnWhenItNeverComesToRest) {
+  for (const auto& band : bands) band->drawn.clear();
+  for (int i = 0; i < 6; ++i) beginAgain();
+  EXPECT_THAT(timesDrawn(), ElementsAre(2, 2, 2));
+}
+
+TEST_P(SlowPlotWidget, ShowsTheFormerPictureWhereItIsNotDrawnYet) {
+  for (const auto& band : bands) band->recolor(kBlue, {});
+  widget.resize(200, 240);
+  widget.repaint();
+  const auto colorAt = [&](int y) {
+    const QImage image = onScreen(widget);
+    return QColor(image.pixel(2, static_cast<int>(y * GetParam())));
+  };
+  // The look draws another part.
+  EXPECT_EQ(colorAt(200), QColor(255, 0, 0));
+  ASSERT_TRUE(finish());
+  for (const int y : {40, 120, 200}) EXPECT_EQ(colorAt(y), QColor(0, 0, 255));
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEveryRatio, SlowPlotWidget, testing::ValuesIn(kRatios));
 
 TEST(PlotWidgetLifetime, WidgetsMayBeDestroyedInAnyOrder) {
   std::vector<int> order = {0, 1, 2, 3};

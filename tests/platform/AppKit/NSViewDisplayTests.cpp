@@ -176,6 +176,37 @@ TEST_F(NSViewDisplay, DrawingAPartForgetsTheMarksInside) {
   EXPECT_FALSE(host->subtreeNeedsDisplay());
 }
 
+struct PartCase {
+  const char* what;
+  CGRect drawn;
+  std::vector<CGRect> left;
+};
+
+TEST_F(NSViewDisplay, DrawingAPartLeavesMarkedWhatIsAboveAndBelow) {
+  const CGRect marked = CGRect::make(10, 10, 50, 60);
+  const PartCase cases[] = {
+      {"not a number", CGRect::make(kNaN, 0, 100, 100), {marked}},
+      {"beside it", CGRect::make(70, 0, 20, 80), {marked}},
+      {"above it", CGRect::make(0, 70, 100, 10), {marked}},
+      {"not from side to side", CGRect::make(0, 0, 59, 80), {marked}},
+      {"a hair short of the top", CGRect::make(10, 10, 50, 60 - 1e-5), {}},
+      {"the bottom", CGRect::make(0, 0, 100, 30), {CGRect::make(10, 30, 50, 40)}},
+      {"the top", CGRect::make(10, 55, 50, 25), {CGRect::make(10, 10, 50, 45)}},
+      {"the middle",
+       CGRect::make(0, 30, 100, 20),
+       {CGRect::make(10, 10, 50, 20), CGRect::make(10, 50, 50, 20)}},
+      {"all of it", CGRect::make(0, 0, 100, 80), {}},
+  };
+  for (const auto& [what, drawn, left] : cases) {
+    host->setNeedsDisplay(false);
+    host->setNeedsDisplayInRect(marked);
+    CGNullContext context;
+    host->displayRect(drawn, context);
+    EXPECT_EQ(host->dirtyRects(), left) << what;
+    EXPECT_EQ(host->needsDisplay(), !left.empty()) << what;
+  }
+}
+
 struct MarkCase {
   CGRect marked;
   CGRect dirty;

@@ -4,8 +4,10 @@
 #include <AppKit/NSWindow.h>
 #include <Foundation/VexelAPI.h>
 
+#include <QByteArray>
 #include <QImage>
 #include <QMimeData>
+#include <QPageLayout>
 #include <QPagedPaintDevice>
 #include <QWidget>
 #include <memory>
@@ -19,7 +21,9 @@ namespace vexel {
 /// The views fill the widget: one point is one device-independent pixel, and they are drawn at the
 /// real ratio of the screen, which may be fractional and change at any time. A change of the
 /// widget's size reaches the views at once. What they have marked for display is drawn before the
-/// event loop next comes to rest, and nothing else is.
+/// event loop next comes to rest, and nothing else is. What takes longer than a frame, such as
+/// millions of points, is drawn band by band with other events in between, from the top: until its
+/// turn comes a band shows what it did before, stretched if the widget has another size.
 ///
 /// Presses, releases and drags of the left and the right button, moves, the wheel, keys, and the
 /// pointer's coming and going become NSEvents of the window whose views these are: viewWindow().
@@ -57,17 +61,22 @@ class VEXEL_API PlotWidget : public QWidget {
   /// What the widget shows, at so many pixels per point, transparent where no view draws. Null when
   /// there is nothing to show or the image would be too large for memory.
   QImage image(qreal pixelsPerPoint) const;
-  /// A copy with more symbols is no drawing but an image alone: nobody waits for it.
-  static constexpr std::size_t kMostCopiedSymbols = 10'000;
+  /// A copy with more symbols is no drawing but an image alone: drawings of so many take some 50 ms
+  /// and 12 MB.
+  static constexpr std::size_t kMostCopiedSymbols = 100'000;
   /// What a copy gives others to choose from: an image at twice the pixels of the screen, and PDF
   /// and SVG unless there are more than kMostCopiedSymbols symbols. What cannot be made is missing.
   std::unique_ptr<QMimeData> mimeData() const;
   /// Puts mimeData() onto the clipboard.
   void copy() const;
-  /// Prints what the widget shows on one page at the resolution of the device, or the highest that
-  /// memory allows: centred at the top in its own size (a point is 1/72 inch), or reduced to fit
-  /// the page. False when it could not be printed.
+  /// Prints what the widget shows on one page, centred at the top inside the margins in its own
+  /// size (a point is 1/72 inch), or reduced to fit: as an image at the resolution of the device,
+  /// or the highest that memory allows. That suits printers; for a file there is pdfPage(). False
+  /// when it could not be printed.
   bool print(QPagedPaintDevice& device) const;
+  /// The same page as a PDF document in which lines, symbols and text remain such. Empty when there
+  /// is nothing to show or the page has no size that a PDF document can have.
+  QByteArray pdfPage(const QPageLayout& layout) const;
 
  protected:
   /// Hand what Qt tells to the views.
