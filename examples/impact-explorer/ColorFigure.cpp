@@ -9,8 +9,20 @@ using namespace vexel;
 namespace {
 
 constexpr float kSymbolSize = 5;
+constexpr CGFloat kOutlineWidth = 0.25;
+constexpr double kOutlineGray = 0.35;
+// More would show outlines rather than colours.
+constexpr std::size_t kMostOutlined = 30'000;
 // Below the plot areas, where others label the time, in points.
 constexpr CGFloat kBottomPadding = 14;
+
+/// Keeps pale symbols apart from white paper.
+CPTLineStyle outline() {
+  CPTMutableLineStyle style;
+  style.lineWidth = kOutlineWidth;
+  style.lineColor = CPTColor(CGColor::genericGray(kOutlineGray));
+  return style;
+}
 
 }  // namespace
 
@@ -54,7 +66,8 @@ void ColorFigure::addSeries() {
       .labelRotation = 0.0f,
   });
   auto symbol = *series->plotSymbol();
-  symbol.setLineStyle(std::nullopt);
+  const bool isOutlined = band_.times.size() <= kMostOutlined;
+  symbol.setLineStyle(isOutlined ? std::optional(outline()) : std::nullopt);
   series->setPlotSymbol(symbol);
 }
 

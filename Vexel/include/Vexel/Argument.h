@@ -24,7 +24,7 @@ template <class T>
 class VEXEL_API Argument {
  public:
   /// Numbers are rounded to T.
-  template <ArgumentValue<T> Value>
+  template <ArgumentValue<T> Value>  // NOLINTNEXTLINE(bugprone-forwarding-reference-overload)
   constexpr Argument(Value&& value) : value_(static_cast<T>(std::forward<Value>(value))) {}
 
   /// The value.
