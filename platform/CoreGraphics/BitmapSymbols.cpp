@@ -1,9 +1,7 @@
 #include "BitmapSymbols.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
-#include <ranges>
 #include <vector>
 
 #include "FrontToBack.h"
@@ -13,8 +11,10 @@ namespace vexel {
 
 namespace {
 
-// Symbols ahead for which the memory is asked while others are drawn.
-constexpr std::size_t kAhead = 16;
+// The rows of a band, which the fast memory holds while the symbols in it are drawn.
+constexpr int kBandRows = 32;
+// So many symbols are sorted into bands at once.
+constexpr std::size_t kSymbolsAtOnce = 1 << 16;
 // Of so many symbols most are hidden by others.
 constexpr std::size_t kManySymbols = 200'000;
 // More would take too much memory beside the bitmap itself.
@@ -56,13 +56,6 @@ class SymbolPainter {
  public:
   explicit SymbolPainter(CairoCanvas& canvas)
       : canvas_(canvas), reach_(reachOf(canvas)), target_(canvas) {}
-
-  void prepare(const SymbolStamps* stamps, const CGPoint& center) const {
-    const CGPoint p = canvas_.transform().apply(center);
-    if (!stamps || !reach_.contains(p)) return;
-    const PhasePlace place(p);
-    target_.prefetch(place.pixelX(), place.pixelY(), stamps->reach());
-  }
 
   void draw(const SymbolLook& look, SymbolStamps* stamps, const CGPoint& center) {
     const CGPoint p = canvas_.transform().apply(center);
@@ -107,33 +100,84 @@ bool showsNothing(const CairoCanvas& canvas, const CGPath& symbol) {
   return !canvas.isDrawable() || canvas.clipBox().isEmpty() || symbol.isEmpty();
 }
 
-/// Draws many symbols whose stamps are all opaque, the last one first. False, and nothing is drawn,
-/// when the clip cuts through pixels.
-template <class StampsOf>
-bool drawFrontToBack(CairoCanvas& canvas, StampsOf&& stampsOf, std::span<const CGPoint> centers) {
-  PixelTarget target(canvas);
-  const PixelRect box = target.clip();
-  if (!target.wholeClip() || std::int64_t{box.width()} * box.height() > kMostHiddenPixels)
-    return false;
-  const CGRect reach = reachOf(canvas);
-  FrontToBack pixels(box);
-  struct Next {
-    SymbolStamps* stamps = nullptr;
+/// Symbols by the bands of rows that they meet, in each band in the order in which they were added.
+class SymbolBands {
+ public:
+  explicit SymbolBands(const PixelRect& box)
+      : box_(box), bands_(static_cast<std::size_t>((box.height() + kBandRows - 1) / kBandRows)) {}
+
+  void add(SymbolStamps* stamps, const PhasePlace& place) {
+    const int reach = stamps->reach();
+    const int top = std::max(place.pixelY() - reach - box_.top, 0);
+    const int bottom = std::min(place.pixelY() + reach - box_.top, box_.height());
+    for (int row = top; row < bottom; row += kBandRows - row % kBandRows)
+      bands_[static_cast<std::size_t>(row / kBandRows)].push_back({stamps, place});
+  }
+
+  /// Calls draw(stamp, x, y, part) for each symbol and the part of the box that it is to be drawn
+  /// in. There are none afterwards.
+  template <class Draw>
+  void take(Draw&& draw) {
+    PixelRect part = box_;
+    for (auto& band : bands_) {
+      part.bottom = std::min(part.top + kBandRows, box_.bottom);
+      for (const auto& [stamps, place] : band)
+        draw(place.stampOf(*stamps), place.pixelX(), place.pixelY(), part);
+      band.clear();
+      part.top = part.bottom;
+    }
+  }
+
+ private:
+  struct Symbol {
+    SymbolStamps* stamps;
     PhasePlace place;
   };
-  std::array<Next, kAhead> next;
-  for (std::size_t i = centers.size() + kAhead; i-- > 0;) {
-    Next& turn = next[i % kAhead];
-    if (turn.stamps)
-      pixels.layUnder(turn.place.stampOf(*turn.stamps), turn.place.pixelX(), turn.place.pixelY());
-    turn.stamps = nullptr;
-    if (i < kAhead) continue;
-    const CGPoint p = canvas.transform().apply(centers[i - kAhead]);
-    if (!reach.contains(p)) continue;
-    turn = {stampsOf(i - kAhead), PhasePlace(p)};
-    pixels.prefetch(turn.place.pixelX(), turn.place.pixelY(), turn.stamps->reach());
+
+  PixelRect box_;
+  std::vector<std::vector<Symbol>> bands_;
+};
+
+/// Calls draw(stamp, x, y, part) for each symbol in each part of the picture that it meets, in the
+/// order of indexOf(0), indexOf(1) and so on.
+template <class StampsOf, class IndexOf, class Draw>
+void drawInBands(const CairoCanvas& canvas, const PixelRect& box, StampsOf&& stampsOf,
+                 std::span<const CGPoint> centers, IndexOf&& indexOf, Draw&& draw) {
+  const CGRect reach = reachOf(canvas);
+  SymbolBands bands(box);
+  for (std::size_t i = 0; i < centers.size(); ++i) {
+    const std::size_t symbol = indexOf(i);
+    const CGPoint p = canvas.transform().apply(centers[symbol]);
+    if (reach.contains(p)) bands.add(stampsOf(symbol), PhasePlace(p));
+    if ((i + 1) % kSymbolsAtOnce == 0) bands.take(draw);
   }
-  pixels.drawOn(target);
+  bands.take(draw);
+}
+
+/// Draws symbols that all have stamps. False, and nothing is drawn, when the clip cuts through
+/// pixels.
+template <class StampsOf>
+bool drawStamped(CairoCanvas& canvas, bool areOpaque, StampsOf&& stampsOf,
+                 std::span<const CGPoint> centers) {
+  PixelTarget target(canvas);
+  if (!target.wholeClip()) return false;
+  const PixelRect box = target.clip();
+  const bool isSmall = std::int64_t{box.width()} * box.height() <= kMostHiddenPixels;
+  if (areOpaque && isSmall && centers.size() >= kManySymbols) {
+    FrontToBack pixels(box);
+    drawInBands(
+        canvas, box, stampsOf, centers, [&](std::size_t i) { return centers.size() - 1 - i; },
+        [&](const PixelStamp& stamp, int x, int y, const PixelRect& part) {
+          pixels.layUnder(stamp, x, y, part);
+        });
+    pixels.drawOn(target);
+  } else {
+    drawInBands(
+        canvas, box, stampsOf, centers, [](std::size_t i) { return i; },
+        [&](const PixelStamp& stamp, int x, int y, const PixelRect& part) {
+          target.blend(stamp, x, y, part);
+        });
+  }
   return true;
 }
 
@@ -149,14 +193,9 @@ void drawSymbolsOnBitmap(CairoCanvas& canvas, const SymbolLook& look,
     return;
   }
   const auto stampsOf = [&](std::size_t) { return stamps.get(); };
-  if (centers.size() >= kManySymbols && stamps->isOpaque() &&
-      drawFrontToBack(canvas, stampsOf, centers))
-    return;
+  if (drawStamped(canvas, stamps->isOpaque(), stampsOf, centers)) return;
   SymbolPainter painter(canvas);
-  for (std::size_t i = 0; i < centers.size(); ++i) {
-    if (i + kAhead < centers.size()) painter.prepare(stamps.get(), centers[i + kAhead]);
-    painter.draw(look, stamps.get(), centers[i]);
-  }
+  for (const CGPoint& center : centers) painter.draw(look, stamps.get(), center);
 }
 
 bool drawStyledSymbolsOnBitmap(CairoCanvas& canvas, const CGPath& symbol,
@@ -173,20 +212,17 @@ bool drawStyledSymbolsOnBitmap(CairoCanvas& canvas, const CGPath& symbol,
     return stamps.of(style, look(style), canvas.transform());
   };
   const auto stampsOf = [&](std::size_t i) { return stampsOfStyle(styleOfCenter[i]); };
-  const auto isOpaque = [&](std::uint32_t style) {
+  bool haveStamps = true;
+  bool areOpaque = true;
+  for (std::uint32_t style = 0; style < styles.size() && haveStamps; ++style) {
     const SymbolStamps* const known = stampsOfStyle(style);
-    return known && known->isOpaque();
-  };
-  if (centers.size() >= kManySymbols &&
-      std::ranges::all_of(std::views::iota(0u, static_cast<std::uint32_t>(styles.size())),
-                          isOpaque) &&
-      drawFrontToBack(canvas, stampsOf, centers))
-    return true;
-  SymbolPainter painter(canvas);
-  for (std::size_t i = 0; i < centers.size(); ++i) {
-    if (i + kAhead < centers.size()) painter.prepare(stampsOf(i + kAhead), centers[i + kAhead]);
-    painter.draw(look(styleOfCenter[i]), stampsOf(i), centers[i]);
+    haveStamps = known != nullptr;
+    areOpaque = areOpaque && haveStamps && known->isOpaque();
   }
+  if (haveStamps && drawStamped(canvas, areOpaque, stampsOf, centers)) return true;
+  SymbolPainter painter(canvas);
+  for (std::size_t i = 0; i < centers.size(); ++i)
+    painter.draw(look(styleOfCenter[i]), stampsOf(i), centers[i]);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include "DevicePen.h"
 #include "GlyphMasks.h"
 #include "PageArea.h"
+#include "ParallelLines.h"
 #include "PenReach.h"
 #include "PixelAlignment.h"
 #include "TransformFacts.h"
@@ -118,12 +119,22 @@ void CairoCanvas::stroke(const CGPath& path, const CGStrokeStyle& style) {
   if (!(style.width > 0 && std::isfinite(style.width))) return;
 
   CGPath device = path.transformed(state_.transform);
-  if (style.alignsToPixels && kind_ == Surface::pixels)
-    device = alignedToPixels(device, style.width * meanScale(state_.transform), style.cap, page_);
+  if (style.alignsToPixels && kind_ == Surface::pixels) {
+    const CGFloat width = style.width * meanScale(state_.transform);
+    device = alignedToPixels(device, width, style.cap, page_);
+    if (strokeAligned(device, style, width)) return;
+  }
 
   for (const ClippedPiece& piece :
        visibleStroke(std::move(device), style, meanScale(state_.transform), page_))
     strokePath(piece.path, style, piece.lengthBefore);
+}
+
+bool CairoCanvas::strokeAligned(const CGPath& devicePath, const CGStrokeStyle& style,
+                                CGFloat width) {
+  if (!keepsShapes(state_.transform) || !state_.clipIsRectangle) return false;
+  PixelTarget target(*this);
+  return strokeParallelLines(target, devicePath, style, width);
 }
 
 void CairoCanvas::strokePath(const CGPath& devicePath, const CGStrokeStyle& style,

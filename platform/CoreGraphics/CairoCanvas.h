@@ -84,6 +84,8 @@ class CairoCanvas {
   void setPath(const CGPath& devicePath);
   void setColor(const CGColor& color);
   void setMatrix(const CGAffineTransform& transform);
+  /// False, and nothing is drawn, where Cairo is needed.
+  bool strokeAligned(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat width);
   void strokePath(const CGPath& devicePath, const CGStrokeStyle& style, CGFloat lengthBefore);
   bool isAxisAligned() const;
   void paintImage(const CGImage& image, const CGAffineTransform& imageToDevice,

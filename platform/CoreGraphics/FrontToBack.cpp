@@ -24,17 +24,14 @@ bool FrontToBack::isFull(const PixelRect& part) const {
   return true;
 }
 
-PixelRect FrontToBack::visiblePart(const PixelRect& rect) const {
-  return {std::max(rect.left - box_.left, 0), std::max(rect.top - box_.top, 0),
-          std::min(rect.right - box_.left, box_.width()),
-          std::min(rect.bottom - box_.top, box_.height())};
-}
-
-void FrontToBack::layUnder(const PixelStamp& stamp, int x, int y) {
+void FrontToBack::layUnder(const PixelStamp& stamp, int x, int y, const PixelRect& within) {
   const StampShape& shape = stamp.shape;
   const int left = shape.left + x;
   const int top = shape.top + y;
-  const PixelRect part = visiblePart({left, top, left + shape.width, top + shape.height});
+  const PixelRect part = {std::max(left, within.left) - box_.left,
+                          std::max(top, within.top) - box_.top,
+                          std::min(left + shape.width, within.right) - box_.left,
+                          std::min(top + shape.height, within.bottom) - box_.top};
   if (part.isEmpty() || isFull(part)) return;
   for (int v = part.top; v < part.bottom; ++v) {
     const int stampRow = v + box_.top - top;
@@ -52,13 +49,6 @@ void FrontToBack::layUnder(const PixelStamp& stamp, int x, int y) {
       if (row[u] >> 24 == 255) --open[u / kCell];
     }
   }
-}
-
-void FrontToBack::prefetch(int x, int y, int reach) const {
-  const PixelRect part = visiblePart({x - reach, y - reach, x + reach, y + reach});
-  if (part.isEmpty() || isFull(part)) return;
-  for (int v = part.top; v < part.bottom; ++v)
-    __builtin_prefetch(pixels_.data() + std::ptrdiff_t{v} * box_.width() + part.left, 1);
 }
 
 void FrontToBack::drawOn(PixelTarget& target) const {

@@ -14,11 +14,9 @@ class FrontToBack {
   /// `box` is what can be seen, in device coordinates.
   explicit FrontToBack(const PixelRect& box);
 
-  /// Lays a stamp below everything so far, around (x, y) in device coordinates.
-  void layUnder(const PixelStamp& stamp, int x, int y);
-
-  /// Asks the memory for what lies up to `reach` around (x, y), which will be needed soon.
-  void prefetch(int x, int y, int reach) const;
+  /// Lays what is inside `within`, a part of the box, of a stamp below everything so far, around
+  /// (x, y) in device coordinates.
+  void layUnder(const PixelStamp& stamp, int x, int y, const PixelRect& within);
 
   /// Lays the result over a target.
   void drawOn(PixelTarget& target) const;
@@ -26,8 +24,6 @@ class FrontToBack {
  private:
   static constexpr int kCell = 8;
 
-  /// The part in the box, whose upper left corner it counts from.
-  PixelRect visiblePart(const PixelRect& rect) const;
   /// Whether nothing can be seen of what is laid below a part.
   bool isFull(const PixelRect& part) const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -21,32 +22,31 @@ constexpr std::uint32_t pixelOver(std::uint32_t above, std::uint32_t below) {
   return above + scaledPixel(below, 255u - (above >> 24));
 }
 
-/// Lays a row of pixels over another: the sum of `pixels` and of `color` by weights, which hold the
-/// same factor in all four bytes.
+/// Lays a row of pixels over another: the sum of `pixels`, of `color` by weights and of what is
+/// below by `rests`, both of which hold the same factor in all four bytes of a word. The two
+/// products are rounded as one.
 inline void weightedPixelsOver(const std::uint32_t* pixels, const std::uint32_t* weights,
-                               std::uint32_t color, std::uint32_t* below, int count) {
-  // Two pixels at a time, to the very same result.
+                               const std::uint32_t* rests, std::uint32_t color,
+                               std::uint32_t* below, int count) {
   using Bytes = std::uint8_t __attribute__((vector_size(8)));
   using Channels = std::uint16_t __attribute__((vector_size(16)));
-  const auto load = [](const std::uint32_t* pair) {
-    Bytes bytes;
-    std::memcpy(&bytes, pair, sizeof bytes);
-    return __builtin_convertvector(bytes, Channels);
+  const auto blend = [&](int i, std::size_t size) {
+    const auto load = [=](const std::uint32_t* words) {
+      Bytes bytes{};
+      std::memcpy(&bytes, words, size);
+      return bytes;
+    };
+    const auto channels = [](Bytes bytes) { return __builtin_convertvector(bytes, Channels); };
+    const std::uint32_t colors[] = {color, color};
+    Channels product = channels(load(colors)) * channels(load(weights + i)) +
+                       channels(load(below + i)) * channels(load(rests + i)) + 128;
+    product = (product + (product >> 8)) >> 8;
+    const Bytes sum = load(pixels + i) + __builtin_convertvector(product, Bytes);
+    std::memcpy(below + i, &sum, size);
   };
-  const auto dividedBy255 = [](Channels product) {
-    product += 128;
-    return (product + (product >> 8)) >> 8;
-  };
-  const std::uint32_t colors[] = {color, color};
-  const Channels colorPair = load(colors);
   int i = 0;
-  for (; i + 1 < count; i += 2) {
-    const Channels source = load(pixels + i) + dividedBy255(colorPair * load(weights + i));
-    const Channels rest = 255 - __builtin_shufflevector(source, source, 3, 3, 3, 3, 7, 7, 7, 7);
-    const Bytes sum = __builtin_convertvector(source + dividedBy255(load(below + i) * rest), Bytes);
-    std::memcpy(below + i, &sum, sizeof sum);
-  }
-  if (i < count) below[i] = pixelOver(pixels[i] + scaledPixel(color, weights[i] & 255u), below[i]);
+  for (; i + 1 < count; i += 2) blend(i, 2 * sizeof color);
+  if (i < count) blend(i, sizeof color);
 }
 
 /// A row of premultiplied pixels laid over another.

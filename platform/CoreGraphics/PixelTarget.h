@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include <CoreGraphics/PixelBuffer.h>
@@ -27,11 +28,13 @@ struct StampShape {
 };
 
 /// A shape, lent row by row: the sum of premultiplied pixels and of a premultiplied colour, of
-/// which each pixel takes `weights` 255ths (the same number in all four bytes of a word).
+/// which each pixel takes `weights` 255ths (the same number in all four bytes of a word). `rests`
+/// are what they leave to the pixels below, in the same form.
 struct PixelStamp {
   const StampShape& shape;
   const std::uint32_t* pixels;
   const std::uint32_t* weights;
+  const std::uint32_t* rests;
   std::uint32_t color;
 };
 
@@ -58,6 +61,9 @@ class PixelTarget {
   bool blend(const PixelStamp& stamp, int x, int y);
   bool blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y);
 
+  /// Lays the part of a stamp that is inside a box over the pixels. The box is inside clip().
+  void blend(const PixelStamp& stamp, int x, int y, const PixelRect& within);
+
   /// Lays premultiplied pixels over a box in device coordinates, inside clip().
   void blend(const PixelRect& box, const std::uint32_t* pixels);
 
@@ -65,8 +71,8 @@ class PixelTarget {
   /// a part of some pixels.
   bool fill(const PixelRect& box, std::uint32_t pixel);
 
-  /// Asks the memory for the pixels up to `reach` around (x, y), which will be needed soon.
-  void prefetch(int x, int y, int reach) const;
+  /// Lays a colour over what boxes cover of each pixel. The clip leaves whole pixels only.
+  void cover(std::span<const CGRect> boxes, std::uint32_t premultipliedColor);
 
   /// All pixels, the upper left one first.
   PixelBuffer buffer() const;

@@ -40,25 +40,34 @@ struct PhaseMasks {
   Coverage fill;
   Coverage stroke;
 
-  // The stroke in a colour, which most symbols of a series share, and the weights of their fills
-  // below it. Without a fill the weights are those of the stroke.
+  // The stroke in a colour, which most symbols of a series share, the weights of their fills below
+  // it, and what both leave to the pixels below. Without a fill the weights are those of the
+  // stroke.
   std::uint32_t strokePixel = 0;
+  std::uint32_t weightedAlpha = 0;
   std::vector<std::uint32_t> pixels;
   std::vector<std::uint32_t> weights;
+  std::vector<std::uint32_t> rests;
 
-  void color(std::uint32_t pixel) {
-    if (!weights.empty() && (pixel == strokePixel || fill.empty() || stroke.empty())) return;
-    const Coverage& weighted = fill.empty() ? stroke : fill;
+  void color(std::uint32_t stroked, std::uint32_t weighted) {
+    const std::uint32_t alpha = weighted >> 24;
+    const bool isStroked = !fill.empty() && !stroke.empty();
+    if (!weights.empty() && alpha == weightedAlpha && (stroked == strokePixel || !isStroked))
+      return;
+    const Coverage& covered = fill.empty() ? stroke : fill;
     // Memory may end here, and then nothing has changed.
-    pixels.reserve(weighted.size());
-    weights.reserve(weighted.size());
-    strokePixel = pixel;
-    pixels.assign(weighted.size(), 0);
+    for (auto* const words : {&pixels, &weights, &rests}) words->reserve(covered.size());
+    strokePixel = stroked;
+    weightedAlpha = alpha;
+    pixels.assign(covered.size(), 0);
     weights.clear();
-    for (std::size_t i = 0; i < weighted.size(); ++i) {
-      if (!fill.empty() && !stroke.empty()) pixels[i] = scaledPixel(pixel, stroke[i]);
+    rests.clear();
+    for (std::size_t i = 0; i < covered.size(); ++i) {
+      if (isStroked) pixels[i] = scaledPixel(stroked, stroke[i]);
       const std::uint32_t uncovered = 255u - (pixels[i] >> 24);
-      weights.push_back(scaledPixel(weighted[i] * 0x01010101u, uncovered));
+      weights.push_back(scaledPixel(covered[i] * 0x01010101u, uncovered));
+      const std::uint32_t rest = uncovered - (scaledPixel(weights[i], alpha) & 255u);
+      rests.push_back(rest * 0x01010101u);
     }
   }
 };
@@ -125,6 +134,8 @@ struct SymbolStamps::Shape {
       top = std::min(top, y);
       bottom = y + 1;
     }
+    // Pixels are blended in pairs. There is room on both sides of the ink.
+    if (left < right && (right - left) % 2 == 1) right < side ? ++right : --left;
     const int middle = side / 2;
     all.shape = {
         left - middle, top - middle, std::max(right - left, 0), std::max(bottom - top, 0), {}};
@@ -240,9 +251,9 @@ bool SymbolStamps::isOpaque() const {
 
 PixelStamp SymbolStamps::stamp(int phaseX, int phaseY) {
   PhaseMasks& masks = shape_->at(phaseX, phaseY);
-  masks.color(strokePixel_);
-  return {masks.shape, masks.pixels.data(), masks.weights.data(),
-          shape_->isFilled ? fillPixel_ : strokePixel_};
+  const std::uint32_t weighted = shape_->isFilled ? fillPixel_ : strokePixel_;
+  masks.color(strokePixel_, weighted);
+  return {masks.shape, masks.pixels.data(), masks.weights.data(), masks.rests.data(), weighted};
 }
 
 }  // namespace vexel

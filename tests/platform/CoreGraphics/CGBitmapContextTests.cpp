@@ -122,6 +122,38 @@ TEST(CGBitmapContext, AlignedHorizontalLinesCoverWholePixels) {
   EXPECT_EQ(pixel(*bitmap, 17, 14), kBlackPixel);
 }
 
+TEST(CGBitmapContext, AlignedLinesOfAPathLookLikeLinesOfTheDrawingLibrary) {
+  CGMutablePath columns, rows;
+  for (int i = 0; i < 6; ++i) {
+    columns.move({4.3 + 6 * i, 5.2});
+    columns.addLine({4.3 + 6 * i, 31.7});
+    rows.move({-5, 3.9 + 6 * i});
+    rows.addLine({31.4, 3.9 + 6 * i});
+  }
+  for (const CGPath& path : {columns, rows})
+    for (const CGLineCap cap : {CGLineCap::butt, CGLineCap::square, CGLineCap::round})
+      for (const CGFloat width : {0.25, 0.5, 1.0, 1.6, 3.0, 9.0})
+        for (const CGFloat alpha : {1.0, 0.4}) {
+          const CGStrokeStyle style{.color = CGColor::genericRGB(0.8, 0.2, 0, alpha),
+                                    .width = width,
+                                    .cap = cap,
+                                    .alignsToPixels = true};
+          const Bitmap plain = whiteBitmap(40, 40);
+          plain->stroke(path, style);
+          // Lines that meet are left to the drawing library.
+          CGMutablePath twice;
+          for (const CGPathElement& e : path.elements())
+            e.type == CGPathElement::Type::move ? twice.move(e.point) : twice.addLine(e.point);
+          twice.move(path.elements()[0].point);
+          twice.addLine(path.elements()[1].point);
+          const Bitmap expected = whiteBitmap(40, 40);
+          expected->stroke(twice, style);
+          EXPECT_LE(maximumDifference(*plain, *expected), 1)
+              << width << " " << alpha << " " << static_cast<int>(cap);
+          EXPECT_GT(maximumDifference(*plain, *whiteBitmap(40, 40)), 9);
+        }
+}
+
 TEST(CGBitmapContext, AlignedLinesAtOneCoordinateLieInTheSamePixelsHoweverItWasReached) {
   for (const double scale : {1.0, 1.5, 2.0}) {
     const Bitmap plain = whiteBitmap(20, 20, scale), moved = whiteBitmap(20, 20, scale);

@@ -39,23 +39,30 @@ TEST(PixelBlend, PremultipliesAndBoundsColours) {
   EXPECT_EQ(premultipliedPixel(CGColor::genericRGB(1, 0.5, 0, 0.5)), 0x80804000u);
 }
 
-TEST(PixelBlend, LaysRowsOverOthersPixelByPixel) {
+TEST(PixelBlend, LaysRowsOverOthersPixelByPixelAndRoundsOnce) {
   std::mt19937 random(1);
   const auto word = [&] { return static_cast<std::uint32_t>(random()); };
   const auto byte = [&] { return word() & 255u; };
   for (int count = 0; count < 40; ++count) {
     const std::uint32_t alpha = byte();
     const std::uint32_t color = alpha << 24 | scaledPixel(word() & 0xffffffu, alpha);
-    std::vector<std::uint32_t> pixels, weights, below, expected;
+    std::vector<std::uint32_t> pixels, weights, rests, below, expected;
     for (int i = 0; i < count; ++i) {
       const std::uint32_t covered = byte();
+      const std::uint32_t weight = scaledPixel(byte(), 255 - covered);
+      const std::uint32_t rest = 255 - covered - scaledPixel(weight, alpha);
       pixels.push_back(scaledPixel(0xff000000u | word(), covered));
-      weights.push_back(scaledPixel(byte() * 0x01010101u, 255 - covered));
+      weights.push_back(weight * 0x01010101u);
+      rests.push_back(rest * 0x01010101u);
       below.push_back(scaledPixel(0xff000000u | word(), byte()));
-      expected.push_back(
-          pixelOver(pixels.back() + scaledPixel(color, weights.back() & 255u), below.back()));
+      expected.push_back(pixels.back());
+      for (int shift = 0; shift < 32; shift += 8) {
+        const std::uint32_t products =
+            (color >> shift & 255u) * weight + (below.back() >> shift & 255u) * rest;
+        expected.back() += (2 * products + 255) / 510 << shift;
+      }
     }
-    weightedPixelsOver(pixels.data(), weights.data(), color, below.data(), count);
+    weightedPixelsOver(pixels.data(), weights.data(), rests.data(), color, below.data(), count);
     EXPECT_EQ(below, expected);
   }
 }
