@@ -45,10 +45,10 @@ void CPTAxis::setMinorTickLocations(std::set<double> locations) {
 void CPTAxis::setAxisLabels(std::vector<std::shared_ptr<CPTAxisLabel>> labels) {
   std::erase(labels, nullptr);
   if (axisLabels_ == labels) return;
-  for (const auto& label : axisLabels_) {
-    if (label->axis_.get() != this) continue;
-    label->axis_ = nullptr;
-    if (label->contentLayer()) label->contentLayer()->removeFromSuperlayer();
+  for (auto label = axisLabels_.rbegin(); label != axisLabels_.rend(); ++label) {
+    if ((*label)->axis_.get() != this) continue;
+    (*label)->axis_ = nullptr;
+    if ((*label)->contentLayer()) (*label)->contentLayer()->removeFromSuperlayer();
   }
   axisLabels_ = std::move(labels);
   for (const auto& label : axisLabels_) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include <Foundation/FatalError.h>
 
@@ -81,11 +82,12 @@ void CPTLayer::removeFromSuperlayer() {
   if (!parent) return;
   superlayer_ = nullptr;
   auto& siblings = parent->sublayers_;
-  const auto self = std::find_if(siblings.begin(), siblings.end(),
+  // From the end, where many that leave together are found at once.
+  const auto self = std::find_if(siblings.rbegin(), siblings.rend(),
                                  [this](const auto& layer) { return layer.get() == this; });
   // Kept until the end: the superlayer may hold the last reference.
   const auto keptAlive = *self;
-  siblings.erase(self);
+  siblings.erase(std::next(self).base());
   parent->contentDidChange();
 }
 
