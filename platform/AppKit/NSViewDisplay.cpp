@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include <AppKit/NSView.h>
 
@@ -10,31 +9,8 @@ namespace vexel {
 
 namespace {
 
-/// What is narrower than this many points cannot be seen.
-constexpr CGFloat kInvisible = 1e-3;
-
 CGRect moved(const CGRect& rect, CGPoint by) {
   return {rect.origin + by, rect.size};
-}
-
-bool covers(const CGRect& rect, const CGRect& part) {
-  return part.isEmpty() ||
-         (part.minX() >= rect.minX() - kInvisible && part.maxX() <= rect.maxX() + kInvisible &&
-          part.minY() >= rect.minY() - kInvisible && part.maxY() <= rect.maxY() + kInvisible);
-}
-
-/// What is left of `part` when `drawn` has been: nothing, what is above and below, or all of it.
-std::vector<CGRect> without(const CGRect& drawn, const CGRect& part) {
-  if (covers(drawn, part)) return {};
-  const CGRect acrossDrawn =
-      CGRect::make(part.minX(), drawn.minY(), part.size.width, drawn.size.height);
-  const CGRect both = acrossDrawn.intersection(part);
-  if (both.isEmpty() || !covers(drawn, both)) return {part};
-  const auto between = [&](CGFloat bottom, CGFloat top) {
-    return CGRect::make(part.minX(), bottom, part.size.width,
-                        top - bottom > kInvisible ? top - bottom : 0);
-  };
-  return {between(part.minY(), both.minY()), between(both.maxY(), part.maxY())};
 }
 
 bool isNumber(const CGRect& rect) {
@@ -110,9 +86,8 @@ void NSView::displayRect(CGRect rect, CGContext& context) {
 /// bottom-left corner.
 void NSView::drawSubtree(CGRect rect, CGRect visible, CGPoint offset, CGContext& context) {
   if (hidden_ || rect.isEmpty()) return;
-  for (const CGRect& dirty : std::exchange(dirtyRects_, {}))
-    for (const CGRect& left : without(rect, dirty.intersection(visible)))
-      addDirtyRect(dirtyRects_, left);
+  for (CGRect& dirty : dirtyRects_) dirty = dirty.intersection(visible);
+  removeDrawnRect(dirtyRects_, rect);
   if (dirtyRects_.empty()) needsDisplay_ = false;
 
   const CGSavedState state(context);

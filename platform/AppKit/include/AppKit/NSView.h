@@ -159,7 +159,8 @@ class VEXEL_API NSView : public virtual NSObject, public std::enable_shared_from
   /// the context has its former state, and views that were not drawn to the end stay marked.
   void display(CGContext& context);
   /// The same for the part inside `rect` (own coordinates). What was marked and can be seen above
-  /// and below it stays marked; so does all that was, in views it does not cross from side to side.
+  /// and below it stays marked; so does all that was, in views it does not cross from side to side
+  /// or that have many marks. Drawing each of the window's dirtyRects() leaves nothing marked.
   void displayRect(CGRect rect, CGContext& context);
 
   // Events
