@@ -1,7 +1,5 @@
 #include "PdfForms.h"
 
-#include <isa-l/igzip_lib.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
@@ -13,59 +11,26 @@
 #include <CoreGraphics/CGContextError.h>
 
 #include "FileNumber.h"
+#include "ZlibStream.h"
 
 namespace vexel {
 
 namespace {
 
 constexpr std::string_view kStandIn = "stands in for ";
+// Of compressed bytes at once.
+constexpr std::size_t kPieceBytes = 1 << 16;
 
-class Compressor {
- public:
-  std::string operator()(const std::string& bytes) {
-    isal_zstream stream;
-    isal_deflate_init(&stream);
-    stream.avail_in = 0;
-    stream.gzip_flag = IGZIP_ZLIB;
-    // More effort takes longer and makes files a few percent smaller.
-    stream.level = 1;
-    stream.level_buf = levelBuffer_.data();
-    stream.level_buf_size = static_cast<std::uint32_t>(levelBuffer_.size());
-    std::string result;
-    std::string_view rest = bytes;
-    // Counted in 32 bits there.
-    constexpr std::size_t kMost = 1 << 20;
-    while (stream.internal_state.state != ZSTATE_END) {
-      if (stream.avail_in == 0) {
-        piece_ = rest.substr(0, kMost);
-        rest.remove_prefix(piece_.size());
-        stream.next_in = reinterpret_cast<std::uint8_t*>(piece_.data());
-        stream.avail_in = static_cast<std::uint32_t>(piece_.size());
-        stream.end_of_stream = rest.empty() ? 1 : 0;
-      }
-      stream.next_out = out_.data();
-      stream.avail_out = static_cast<std::uint32_t>(out_.size());
-      isal_deflate(&stream);
-      result.append(reinterpret_cast<const char*>(out_.data()), out_.size() - stream.avail_out);
-    }
-    return result;
-  }
-
- private:
-  std::vector<std::uint8_t> levelBuffer_ = std::vector<std::uint8_t>(ISAL_DEF_LVL1_DEFAULT);
-  std::vector<std::uint8_t> out_ = std::vector<std::uint8_t>(1 << 16);
-  std::string piece_;
-};
-
-std::string stream(const std::string& entries, const std::string& content, Compressor& compressed) {
-  const std::string data = compressed(content);
+std::string stream(const std::string& entries, const std::string& content, ZlibStream& compressed) {
+  std::string data;
+  compressed.add(content, true, [&](std::string_view piece) { data += piece; });
   return "<< /Type /XObject /Subtype /Form " + entries + "/Filter /FlateDecode /Length " +
          std::to_string(data.size()) + " >>\nstream\n" + data + "\nendstream\nendobj\n";
 }
 
 // A form that covers the page, made for the place of an image, which is the unit square.
 std::string form(const std::string& content, CGSize page, std::size_t resources,
-                 Compressor& compressed) {
+                 ZlibStream& compressed) {
   std::string entries = "/BBox [ 0 0 ";
   appendNumber(entries, page.width, kMatrixDecimals);
   entries += ' ';
@@ -177,7 +142,7 @@ std::string PdfForms::insertedInto(const std::string& pdf) const {
     forms.emplace(std::prev(next)->second, content);
   }
 
-  Compressor compressed;
+  ZlibStream compressed(kPieceBytes);
   std::string result = pdf.substr(0, objects.begin()->first);
   std::vector<std::size_t> offsets(count + 1 + shapes_.size(), 0);
   for (auto at = objects.begin(); at != objects.end(); ++at) {

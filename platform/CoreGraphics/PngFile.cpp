@@ -1,12 +1,12 @@
 #include "PngFile.h"
 
 #include <isa-l/crc.h>
-#include <isa-l/igzip_lib.h>
 
 #include <algorithm>
 #include <cstring>
-#include <new>
 #include <vector>
+
+#include "ZlibStream.h"
 
 namespace vexel {
 
@@ -14,8 +14,6 @@ namespace {
 
 // Figures are plain areas and thin lines: each row is much like the one above.
 constexpr std::uint8_t kFilterUp = 2;
-// A file is a few percent larger than with ten times the time.
-constexpr std::uint32_t kEffort = 1;
 // Of filtered rows compressed at once, and of compressed bytes in one chunk of the file.
 constexpr std::size_t kBlockBytes = 1 << 18;
 // Pixels compared with those above at once.
@@ -89,47 +87,6 @@ std::uint8_t* writeRow(std::span<const std::uint32_t> row, const std::uint32_t* 
   return to;
 }
 
-/// Compresses blocks one after the other into chunks of a file.
-class ImageChunks {
- public:
-  explicit ImageChunks(std::string& file) : file_(file) {
-    isal_deflate_init(&stream_);
-    stream_.gzip_flag = IGZIP_ZLIB;
-    stream_.level = kEffort;
-    stream_.level_buf = levelBuffer_.data();
-    stream_.level_buf_size = static_cast<std::uint32_t>(levelBuffer_.size());
-    startChunk();
-  }
-
-  void add(std::span<std::uint8_t> block, bool isLast) {
-    stream_.next_in = block.data();
-    stream_.avail_in = static_cast<std::uint32_t>(block.size());
-    stream_.end_of_stream = isLast ? 1 : 0;
-    while (stream_.avail_in > 0 || (isLast && stream_.internal_state.state != ZSTATE_END)) {
-      isal_deflate(&stream_);
-      if (stream_.avail_out == 0) finishChunk();
-    }
-    if (isLast) finishChunk();
-  }
-
- private:
-  void startChunk() {
-    stream_.next_out = chunk_.data();
-    stream_.avail_out = static_cast<std::uint32_t>(chunk_.size());
-  }
-
-  void finishChunk() {
-    const std::size_t size = chunk_.size() - stream_.avail_out;
-    if (size > 0) appendChunk(file_, "IDAT", {reinterpret_cast<const char*>(chunk_.data()), size});
-    startChunk();
-  }
-
-  std::string& file_;
-  isal_zstream stream_;
-  std::vector<std::uint8_t> levelBuffer_ = std::vector<std::uint8_t>(ISAL_DEF_LVL1_DEFAULT);
-  std::vector<std::uint8_t> chunk_ = std::vector<std::uint8_t>(kBlockBytes);
-};
-
 bool isOpaque(std::span<const std::uint32_t> pixels) {
   std::uint32_t all = ~std::uint32_t{0};
   for (const std::uint32_t pixel : pixels) all &= pixel;
@@ -150,7 +107,8 @@ std::string pngFile(std::span<const std::uint32_t> pixels, int width, int height
   std::vector<std::uint32_t> plain(hasAlpha ? rowPixels : 0);
   std::vector<std::uint32_t> above(rowPixels, hasAlpha ? 0 : 0xff000000u);
   const std::uint32_t* aboveRow = above.data();
-  ImageChunks chunks(file);
+  ZlibStream compressed(kBlockBytes);
+  const auto appendPiece = [&](std::string_view piece) { appendChunk(file, "IDAT", piece); };
   std::uint8_t* to = block.data();
   for (int y = 0; y < height; ++y) {
     const auto row = pixels.subspan(static_cast<std::size_t>(y) * rowPixels, rowPixels);
@@ -166,7 +124,8 @@ std::string pngFile(std::span<const std::uint32_t> pixels, int width, int height
     }
     const auto filled = static_cast<std::size_t>(to - block.data());
     if (filled + rowBytes + 4 <= block.size() && y + 1 < height) continue;
-    chunks.add({block.data(), filled}, y + 1 == height);
+    compressed.add({reinterpret_cast<const char*>(block.data()), filled}, y + 1 == height,
+                   appendPiece);
     to = block.data();
   }
   appendChunk(file, "IEND", {});
