@@ -1,5 +1,6 @@
 #include <VexelQt/PlotWidget.h>
 
+#include <CocoaLumberjack/DDLog.h>
 #include <CoreGraphics/CGBitmapContext.h>
 #include <CoreGraphics/CGDocumentContext.h>
 #include <CoreGraphics/CGNullContext.h>
@@ -12,7 +13,9 @@
 #include <QPointer>
 #include <QTimer>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <new>
 
 #include "EventTranslation.h"
 #include "WindowBitmap.h"
@@ -23,6 +26,7 @@ namespace {
 
 constexpr qreal kCopiedPixelsPerPoint = 2;
 constexpr qreal kPointsPerInch = 72;
+constexpr std::chrono::seconds kUntilRetry(1);
 // Of a printed page: 256 MiB.
 constexpr qreal kMostPrintedPixels = 1 << 26;
 
@@ -57,6 +61,8 @@ std::unique_ptr<CGBitmapContext> drawn(NSView& view, qreal pixelsPerPoint) {
     drawOnto(*context, view);
     return context;
   } catch (const CGContextError&) {
+    return nullptr;
+  } catch (const std::bad_alloc&) {
     return nullptr;
   }
 }
@@ -108,6 +114,8 @@ PlotWidget::PlotWidget(std::shared_ptr<NSView> view, QWidget* parent)
   // What changes at any other time than in an event of this widget.
   connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
           &PlotWidget::scheduleDisplay);
+  retry_.setSingleShot(true);
+  connect(&retry_, &QTimer::timeout, this, &PlotWidget::scheduleDisplay);
 }
 
 PlotWidget::~PlotWidget() = default;
@@ -123,13 +131,26 @@ void PlotWidget::setContentView(std::shared_ptr<NSView> view) {
 // Display
 
 void PlotWidget::scheduleDisplay() {
-  if (!isVisible()) return;
+  if (!isVisible() || retry_.isActive()) return;
   // A view may be taken away by another widget.
   if (contentView().get() != shownView_) return update();
-  for (const CGRect& dirty : viewWindow_->dirtyRects()) {
-    const QRectF rect(dirty.minX(), height() - dirty.maxY(), dirty.size.width, dirty.size.height);
-    update(rect.toAlignedRect());
+  try {
+    for (const CGRect& dirty : viewWindow_->dirtyRects()) {
+      const QRectF rect(dirty.minX(), height() - dirty.maxY(), dirty.size.width, dirty.size.height);
+      update(rect.toAlignedRect());
+    }
+  } catch (const std::exception& exception) {
+    note(exception.what());
   }
+}
+
+void PlotWidget::note(const std::optional<std::string>& failure) {
+  if (failure) {
+    retry_.start(kUntilRetry);
+    if (failure != failure_)
+      ddLog(DDLogFlag::error, [&] { return "a view could not be drawn: " + *failure; });
+  }
+  failure_ = failure;
 }
 
 void PlotWidget::paintEvent(QPaintEvent*) {
@@ -137,6 +158,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
   if (!contentView()) return;
   const CGColor background = cgColor(palette().color(backgroundRole()));
   if (!bitmap_->update(*viewWindow_, devicePixelRatioF(), background)) return;
+  note(bitmap_->failure());
   // Other events come first.
   if (!bitmap_->isComplete()) QTimer::singleShot(0, this, &PlotWidget::scheduleDisplay);
   QPainter painter(this);
@@ -168,6 +190,7 @@ bool PlotWidget::event(QEvent* event) {
 
 void PlotWidget::send(const NSEvent& event) {
   pointer_ = event.locationInWindow;
+  retry_.stop();
   const QPointer<PlotWidget> self(this);
   viewWindow_->sendEvent(event);
   if (self) scheduleDisplay();
@@ -293,6 +316,8 @@ QByteArray PlotWidget::pdfPage(const QPageLayout& layout) const {
     drawOnto(*page, *view);
     return QByteArray::fromStdString(page->finish());
   } catch (const CGContextError&) {
+    return {};
+  } catch (const std::bad_alloc&) {
     return {};
   }
 }

@@ -61,16 +61,30 @@ bool WindowBitmap::update(NSWindow& window, qreal ratio, const CGColor& backgrou
     window.contentView()->setNeedsDisplay(true);
   }
 
-  const std::vector<Strip> all = strips(window);
+  failure_.reset();
+  std::vector<Strip> all{{{}, size}};
+  const bool isLaidOut = attempt([&] { all = strips(window); });
   const auto start = Clock::now();
-  const auto isTimely = [&] { return Clock::now() - start < kFrame; };
+  // A failure marks what has been drawn again: no part would be the last one.
+  const auto goesOn = [&] { return failure_ || Clock::now() - start < kFrame; };
   std::size_t drawn = 0;
-  for (; drawn < all.size() && (drawn == 0 || isTimely()); ++drawn)
-    draw(all[drawn], window, background);
-  isComplete_ = drawn == all.size();
+  for (; isLaidOut && drawn < all.size() && (drawn == 0 || goesOn()); ++drawn)
+    attempt([&] { draw(all[drawn], window, background); });
+  isComplete_ = !isLaidOut || drawn == all.size();
   goOnBelow_ = isComplete_ ? std::numeric_limits<CGFloat>::infinity() : all[drawn - 1].minY();
-  if (former && !isComplete_) stretch(*former, std::span(all).subspan(drawn));
+  if (former) stretch(*former, std::span(all).subspan(drawn));
   return true;
+}
+
+/// False, and the failure is noted, when a view throws something.
+bool WindowBitmap::attempt(const std::function<void()>& act) {
+  try {
+    act();
+    return true;
+  } catch (const std::exception& exception) {
+    failure_ = exception.what();
+    return false;
+  }
 }
 
 std::vector<WindowBitmap::Strip> WindowBitmap::strips(NSWindow& window) const {

@@ -5,9 +5,12 @@
 #include <CoreGraphics/CGColor.h>
 
 #include <QImage>
+#include <functional>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <span>
+#include <string>
 
 namespace vexel {
 
@@ -16,12 +19,15 @@ class WindowBitmap {
  public:
   /// Draws parts of the window that are marked for display, one after the other from the top, until
   /// a frame's time is over: what is left then stays marked, shows what it did before, and comes
-  /// first the next time. At another size or ratio all of the window counts as marked. False when
-  /// there is nothing to show: no area, or no memory.
+  /// first the next time. At another size or ratio all of the window counts as marked. Parts that
+  /// cannot be drawn stay marked too, and keep no other one from being drawn. False when there is
+  /// nothing to show: no area, or no memory.
   bool update(NSWindow& window, qreal ratio, const CGColor& background);
 
-  /// Whether nothing was left the last time.
+  /// Whether no part was left for the next time.
   bool isComplete() const { return isComplete_; }
+  /// What a view threw the last time; absent when none did.
+  const std::optional<std::string>& failure() const { return failure_; }
 
   /// The pixels themselves, not a copy: valid until the next update.
   QImage image() const;
@@ -32,11 +38,13 @@ class WindowBitmap {
 
   std::vector<Strip> strips(NSWindow& window) const;
   void draw(const Strip& strip, NSWindow& window, const CGColor& background);
+  bool attempt(const std::function<void()>& act);
   void stretch(CGBitmapContext& former, std::span<const Strip> strips);
 
   std::unique_ptr<CGBitmapContext> context_;
   CGSize size_;
   bool isComplete_ = true;
+  std::optional<std::string> failure_;
   /// What was drawn last stands above this when something was left.
   CGFloat goOnBelow_ = std::numeric_limits<CGFloat>::infinity();
 };

@@ -9,8 +9,11 @@
 #include <QMimeData>
 #include <QPageLayout>
 #include <QPagedPaintDevice>
+#include <QTimer>
 #include <QWidget>
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace vexel {
 
@@ -31,8 +34,13 @@ namespace vexel {
 /// one. keyCode is the native scan code, timestamp counts in the seconds of Qt's events.
 ///
 /// Views that draw nothing show the widget's background. To be used in the thread of the
-/// application's windows; the widget may be destroyed by what an event does. Qt lets no exception
-/// through: one of a view, a data source or a delegate ends the program, as in any event handler.
+/// application's windows; the widget may be destroyed by what an event does.
+///
+/// What a view, a data source or a delegate throws while the widget is drawn, as far as it is a
+/// std::exception, is told to the log as an error, once as long as it stays the same. All other
+/// parts are drawn, the failed ones stay marked for display, and are tried again with the next
+/// event of the widget, or a second later. What they throw while they handle an event or another
+/// size ends the program, since Qt lets no exception through.
 class VEXEL_API PlotWidget : public QWidget {
   Q_OBJECT
 
@@ -58,6 +66,8 @@ class VEXEL_API PlotWidget : public QWidget {
   /// The size that the content view came with; invalid when it had none.
   QSize sizeHint() const override { return sizeHint_; }
 
+  // What views throw passes through; what they had marked for display is still marked then.
+
   /// What the widget shows, at so many pixels per point, transparent where no view draws. Null when
   /// there is nothing to show or the image would be too large for memory.
   QImage image(qreal pixelsPerPoint) const;
@@ -75,7 +85,7 @@ class VEXEL_API PlotWidget : public QWidget {
   /// when it could not be printed.
   bool print(QPagedPaintDevice& device) const;
   /// The same page as a PDF document in which lines, symbols and text remain such. Empty when there
-  /// is nothing to show or the page has no size that a PDF document can have.
+  /// is nothing to show, the page has no size that a PDF document can have, or memory ran out.
   QByteArray pdfPage(const QPageLayout& layout) const;
 
  protected:
@@ -97,6 +107,7 @@ class VEXEL_API PlotWidget : public QWidget {
   void send(const NSEvent& event);
   void sendMouse(const QMouseEvent& event, int clickCount);
   void scheduleDisplay();
+  void note(const std::optional<std::string>& failure);
 
   std::shared_ptr<NSWindow> viewWindow_;
   std::unique_ptr<class WindowBitmap> bitmap_;
@@ -105,6 +116,9 @@ class VEXEL_API PlotWidget : public QWidget {
   QSize sizeHint_;
   CGPoint pointer_;
   int clickCount_ = 0;
+  /// What could not be drawn the last time, and when it is tried again.
+  std::optional<std::string> failure_;
+  QTimer retry_;
 };
 
 }  // namespace vexel
