@@ -123,12 +123,14 @@ const Numbers& Exploration::values(const std::string& quantity) const {
 }
 
 const Band& Exploration::valueBand(const std::string& quantity) const {
+  const std::scoped_lock lock(mutex_);
   return kept(valueBands_, quantity,
               [&] { return makeBand(quantity, BandStyle::symbols, rowTimes_, values(quantity)); });
 }
 
 const Band& Exploration::band(const std::string& quantity) const {
   if (counts_ && quantity == counts_->title) return *counts_;
+  const std::scoped_lock lock(mutex_);
   return kept(bands_, quantity, [&] {
     const Numbers& shown = values(quantity);
     return makeBand(quantity, suitableStyle(shown), rowTimes_, shown);
@@ -136,6 +138,7 @@ const Band& Exploration::band(const std::string& quantity) const {
 }
 
 const ColorCoding& Exploration::coding(const std::string& quantity) const {
+  const std::scoped_lock lock(mutex_);
   return kept(codings_, quantity, [&] { return codingOf(quantity, values(quantity)); });
 }
 

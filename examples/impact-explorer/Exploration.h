@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,7 +26,7 @@ struct Choice {
 };
 
 /// A table with times, of a file or the sample, and what can be shown of it. What takes long is
-/// done on construction or once.
+/// done on construction or once. Several threads may ask at once.
 class Exploration {
  public:
   // What it has made refers to it.
@@ -78,6 +79,8 @@ class Exploration {
   TimeSpan span_;
   std::vector<std::string> quantities_;
   std::optional<Band> counts_;
+  /// Of what follows, which is made when it is first asked for.
+  mutable std::mutex mutex_;
   mutable std::map<std::string, Numbers> values_;
   mutable std::map<std::string, Band> valueBands_;
   mutable std::map<std::string, Band> bands_;

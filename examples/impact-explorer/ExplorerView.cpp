@@ -53,6 +53,19 @@ ExplorerView::ExplorerView(CGRect frame, PlotTheme theme, std::optional<PlotCT> 
       });
 }
 
+ExplorerView::ExplorerView(const Shown& shown)
+    : ExplorerView({{}, shown.size}, shown.theme, shown.table) {
+  exploration_ = shown.exploration;
+  choice_ = shown.choice;
+  navigation_ = shown.navigation;
+  pins_ = shown.pins;
+  rebuild();
+}
+
+ExplorerView::Shown ExplorerView::shown() const {
+  return {bounds().size, theme_, table_, exploration_, choice_, navigation_, pins_};
+}
+
 void ExplorerView::explore(std::shared_ptr<const Exploration> exploration, Choice choice) {
   exploration_ = std::move(exploration);
   choice_ = std::move(choice);

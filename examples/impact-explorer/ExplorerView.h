@@ -36,7 +36,22 @@ class ExplorerView : public vexel::PlotView {
     std::vector<std::pair<std::string, std::string>> values;
   };
 
+  /// What a view shows but the marker that follows the pointer: all that another view needs, also
+  /// one of another thread, to show the same.
+  struct Shown {
+    vexel::CGSize size;
+    vexel::PlotTheme theme;
+    std::optional<vexel::PlotCT> table;
+    std::shared_ptr<const Exploration> exploration;
+    Choice choice;
+    TimeNavigation navigation;
+    std::vector<double> pins;
+  };
+
   ExplorerView(vexel::CGRect frame, vexel::PlotTheme theme, std::optional<vexel::PlotCT> table);
+  /// Shows the same as another view.
+  explicit ExplorerView(const Shown& shown);
+  Shown shown() const;
 
   /// Shows another table from its first to its last time, without pins.
   void explore(std::shared_ptr<const Exploration> exploration, Choice choice);

@@ -1,10 +1,7 @@
 #include <VexelQt/PlotWidget.h>
 
 #include <CocoaLumberjack/DDLog.h>
-#include <CoreGraphics/CGBitmapContext.h>
-#include <CoreGraphics/CGDocumentContext.h>
-#include <CoreGraphics/CGNullContext.h>
-#include <Vexel/FigureExport.h>
+#include <VexelQt/ViewCopies.h>
 
 #include <QAbstractEventDispatcher>
 #include <QClipboard>
@@ -12,10 +9,8 @@
 #include <QPainter>
 #include <QPointer>
 #include <QTimer>
-#include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <new>
 
 #include "EventTranslation.h"
 #include "WindowBitmap.h"
@@ -25,10 +20,7 @@ namespace vexel {
 namespace {
 
 constexpr qreal kCopiedPixelsPerPoint = 2;
-constexpr qreal kPointsPerInch = 72;
 constexpr std::chrono::seconds kUntilRetry(1);
-// Of a printed page: 256 MiB.
-constexpr qreal kMostPrintedPixels = 1 << 26;
 
 QSize qtSize(CGSize size) {
   return {static_cast<int>(std::lround(size.width)), static_cast<int>(std::lround(size.height))};
@@ -45,59 +37,6 @@ QSize hintFor(const NSView* view) {
 
 CGColor cgColor(const QColor& color) {
   return CGColor::deviceRGB(color.redF(), color.greenF(), color.blueF());
-}
-
-/// Leaves marked what had been marked for display on the screen.
-void drawOnto(CGContext& context, NSView& view) {
-  const bool wasPending = view.subtreeNeedsDisplay();
-  view.display(context);
-  if (wasPending) view.setNeedsDisplay(true);
-}
-
-/// Null when the bitmap cannot be made.
-std::unique_ptr<CGBitmapContext> drawn(NSView& view, qreal pixelsPerPoint) {
-  try {
-    auto context = CGBitmapContext::create(view.bounds().size, pixelsPerPoint);
-    drawOnto(*context, view);
-    return context;
-  } catch (const CGContextError&) {
-    return nullptr;
-  } catch (const std::bad_alloc&) {
-    return nullptr;
-  }
-}
-
-/// Where a figure stands on a page: in its own size or reduced.
-QRectF placeOnPage(const QSizeF& figure, const QRectF& page, qreal unitsPerPoint) {
-  const qreal scale =
-      std::min({unitsPerPoint, page.width() / figure.width(), page.height() / figure.height()});
-  const QSizeF size = scale * figure;
-  return {QPointF(page.x() + (page.width() - size.width()) / 2, page.y()), size};
-}
-
-/// Draws nothing and counts symbols.
-class SymbolCounter final : public CGNullContext {
- public:
-  void drawSymbols(const CGPath&, const CGColor*, const CGStrokeStyle*,
-                   std::span<const CGPoint> centers) override {
-    count += centers.size();
-  }
-  void drawStyledSymbols(const CGPath&, std::span<const CGSymbolStyle>,
-                         std::span<const std::uint32_t>,
-                         std::span<const CGPoint> centers) override {
-    count += centers.size();
-  }
-
-  std::size_t count = 0;
-};
-
-/// Borrows the pixels of the context.
-QImage imageOf(CGBitmapContext& context) {
-  const int width = context.pixelWidth();
-  QImage image(reinterpret_cast<const uchar*>(context.pixels().data()), width,
-               context.pixelHeight(), qsizetype{4} * width, QImage::Format_ARGB32_Premultiplied);
-  image.setDevicePixelRatio(context.backingScale());
-  return image;
 }
 
 }  // namespace
@@ -253,28 +192,13 @@ void PlotWidget::leaveEvent(QEvent*) {
 
 QImage PlotWidget::image(qreal pixelsPerPoint) const {
   const auto view = contentView();
-  const auto context = view ? drawn(*view, pixelsPerPoint) : nullptr;
-  return context ? imageOf(*context).copy() : QImage();
+  return view ? imageOfView(*view, pixelsPerPoint) : QImage();
 }
 
 std::unique_ptr<QMimeData> PlotWidget::mimeData() const {
-  auto choice = std::make_unique<QMimeData>();
   const auto view = contentView();
-  if (!view) return choice;
-  if (const QImage shown = image(kCopiedPixelsPerPoint * devicePixelRatioF()); !shown.isNull())
-    choice->setImageData(shown);
-  SymbolCounter symbols;
-  drawOnto(symbols, *view);
-  if (symbols.count > kMostCopiedSymbols) return choice;
-  for (const auto& [name, type] :
-       {std::pair{"figure.pdf", "application/pdf"}, std::pair{"figure.svg", "image/svg+xml"}}) {
-    try {
-      choice->setData(type, QByteArray::fromStdString(figureData(*view, name, 1)));
-    } catch (const FigureExportError&) {
-      // Others may do.
-    }
-  }
-  return choice;
+  return view ? mimeDataOfView(*view, kCopiedPixelsPerPoint * devicePixelRatioF())
+              : std::make_unique<QMimeData>();
 }
 
 void PlotWidget::copy() const {
@@ -283,43 +207,12 @@ void PlotWidget::copy() const {
 
 bool PlotWidget::print(QPagedPaintDevice& device) const {
   const auto view = contentView();
-  if (!view || view->bounds().isEmpty()) return false;
-  QPainter painter;
-  if (!painter.begin(&device)) return false;
-
-  const QSizeF size(view->bounds().size.width, view->bounds().size.height);
-  const QRectF target =
-      placeOnPage(size, painter.viewport(), device.logicalDpiX() / kPointsPerInch);
-  const qreal affordable = std::sqrt(kMostPrintedPixels / (size.width() * size.height()));
-  const auto context = drawn(*view, std::min(target.width() / size.width(), affordable));
-  if (!context) return false;
-
-  const QImage printed = imageOf(*context);
-  painter.drawImage(target, printed, QRectF(QPointF(), QSizeF(printed.size())));
-  return painter.end();
+  return view && printView(*view, device);
 }
 
 QByteArray PlotWidget::pdfPage(const QPageLayout& layout) const {
   const auto view = contentView();
-  if (!view || view->bounds().isEmpty()) return {};
-  const CGSize size = view->bounds().size;
-  const QSizeF paper = layout.fullRect(QPageLayout::Point).size();
-  const QRectF place =
-      placeOnPage({size.width, size.height}, layout.paintRect(QPageLayout::Point), 1);
-  const CGFloat scale = place.width() / size.width;
-  if (!(scale > 0)) return {};
-  try {
-    const auto page =
-        CGDocumentContext::create(CGDocumentContext::Format::pdf, {paper.width(), paper.height()});
-    page->translate(place.x(), paper.height() - place.bottom());
-    page->scale(scale, scale);
-    drawOnto(*page, *view);
-    return QByteArray::fromStdString(page->finish());
-  } catch (const CGContextError&) {
-    return {};
-  } catch (const std::bad_alloc&) {
-    return {};
-  }
+  return view ? pdfPageOfView(*view, layout) : QByteArray();
 }
 
 }  // namespace vexel

@@ -66,7 +66,7 @@ Turns turnsOf(const ExplorerWindow& window, const std::function<void()>& act) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     const double turn = threadSeconds() - start;
     if (turn > kIdle) turns.push_back(turn);
-    idle = turn > kIdle || window.isLoading() ? 0 : idle + 1;
+    idle = turn > kIdle || window.isLoading() || window.isMakingOutput() ? 0 : idle + 1;
   }
   return turns;
 }
@@ -157,6 +157,12 @@ void run(int rows, int rounds) {
     acts.key(isAll ? Qt::Key_Home : Qt::Key_Backspace, isAll ? "" : "\b");
   });
   acts.report("resize", [&] { window->resize(window->size() == kLarge ? kSmall : kLarge); });
+  for (const char* const name : {"figure.png", "figure.pdf", "figure.svg"})
+    acts.report(name, [&] { window->exportTo(folder.filePath(name)); });
+  acts.report("copy", [&] {
+    for (QAction* const action : window->findChildren<QAction*>())
+      if (action->text() == "&Copy") action->trigger();
+  });
   window->close();
 }
 

@@ -2,8 +2,11 @@
 
 #include <Foundation/NSNotificationCenter.h>
 #include <Vexel/FigureExport.h>
+#include <VexelQt/ViewCopies.h>
 
 #include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QFileDialog>
@@ -18,11 +21,13 @@
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <stdexcept>
 
 #include "InputError.h"
 
 namespace explorer {
 
+using namespace std::chrono_literals;
 using vexel::NSNotificationCenter;
 using vexel::PlotCT;
 using vexel::PlotTheme;
@@ -30,6 +35,9 @@ using vexel::PlotTheme;
 namespace {
 
 constexpr double kExportedPixelsPerPoint = 2;
+constexpr double kCopiedPixelsPerPoint = 2;
+// What takes less needs no word.
+constexpr auto kPatience = 200ms;
 constexpr int kProgressInterval = 50;
 constexpr int kStatusTime = 6000;
 constexpr const char* kFilters = "PNG image (*.png);;PDF document (*.pdf);;SVG drawing (*.svg)";
@@ -46,11 +54,16 @@ constexpr const char* kUse =
     "<tr><td><b>Drop a file</b></td><td>open it</td></tr>"
     "</table>";
 
-/// False when it could not be written, or is empty.
-bool write(const QByteArray& content, const QString& name) {
+/// As a whole or, with an exception, not at all.
+void write(const QByteArray& content, const QString& name) {
   QSaveFile file(name);
-  return !content.isEmpty() && file.open(QIODevice::WriteOnly) &&
-         file.write(content) == content.size() && file.commit();
+  if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+    return;
+  throw std::runtime_error((name + ": " + file.errorString()).toStdString());
+}
+
+QString fileName(const QString& file) {
+  return QFileInfo(file).fileName();
 }
 
 std::string localFile(const QMimeData& data) {
@@ -130,22 +143,21 @@ void ExplorerWindow::addPanel() {
 
 void ExplorerWindow::addProgress() {
   shown_ = new QLabel;
-  progress_ = new QProgressBar;
-  progress_->setRange(0, 1000);
-  progress_->setMaximumWidth(240);
-  cancel_ = new QToolButton;
-  cancel_->setText("Cancel");
-  cancel_->setObjectName("cancel");
-  statusBar()->addPermanentWidget(progress_);
-  statusBar()->addPermanentWidget(cancel_);
-  statusBar()->addPermanentWidget(shown_);
-  progress_->hide();
-  cancel_->hide();
-  connect(cancel_, &QToolButton::clicked, this, [this] {
-    if (job_) job_->cancel();
-  });
-  connect(&progressTimer_, &QTimer::timeout, this,
-          [this] { progress_->setValue(static_cast<int>(1000 * job_->progress())); });
+  loadProgress_ = new JobProgress;
+  loadProgress_->setObjectName("loadProgress");
+  outputProgress_ = new JobProgress;
+  outputProgress_->setObjectName("outputProgress");
+  for (QWidget* const widget :
+       std::initializer_list<QWidget*>{outputProgress_, loadProgress_, shown_})
+    statusBar()->addPermanentWidget(widget);
+  loadProgress_->onCancel = [this] {
+    if (loadJob_) loadJob_->cancel();
+  };
+  outputProgress_->onCancel = [this] {
+    if (outputJob_) outputJob_->cancel();
+  };
+  connect(&loadTimer_, &QTimer::timeout, this,
+          [this] { loadProgress_->setProgress(loadJob_->progress()); });
 }
 
 void ExplorerWindow::addFileMenu() {
@@ -200,12 +212,9 @@ void ExplorerWindow::open(const WindowOptions& options) {
     return;
   }
   const auto done = [this, options](const LoadJob::Result& result) { loaded(result, options); };
-  job_ = std::make_unique<LoadJob>(*options.file, options.timeName, done);
-  progress_->setValue(0);
-  progress_->show();
-  cancel_->show();
-  progressTimer_.start(kProgressInterval);
-  statusBar()->showMessage("Reading " + QString::fromStdString(*options.file));
+  loadJob_ = std::make_unique<LoadJob>(*options.file, options.timeName, done);
+  loadProgress_->begin("Reading " + fileName(QString::fromStdString(*options.file)), 0ms);
+  loadTimer_.start(kProgressInterval);
 }
 
 void ExplorerWindow::openFile(const QString& file) {
@@ -213,11 +222,9 @@ void ExplorerWindow::openFile(const QString& file) {
 }
 
 void ExplorerWindow::endLoading() {
-  progressTimer_.stop();
-  progress_->hide();
-  cancel_->hide();
-  statusBar()->clearMessage();
-  job_.reset();
+  loadTimer_.stop();
+  loadProgress_->end();
+  loadJob_.reset();
 }
 
 void ExplorerWindow::loaded(const LoadJob::Result& result, const WindowOptions& options) {
@@ -238,8 +245,7 @@ void ExplorerWindow::loaded(const LoadJob::Result& result, const WindowOptions& 
 }
 
 void ExplorerWindow::show(std::shared_ptr<const Exploration> exploration, const Choice& choice) {
-  const QFileInfo file(QString::fromStdString(exploration->name()));
-  setWindowTitle(file.fileName() + " - Impact Explorer");
+  setWindowTitle(fileName(QString::fromStdString(exploration->name())) + " - Impact Explorer");
   panel_->showQuantities(*exploration);
   view_->explore(std::move(exploration), choice);
 }
@@ -272,30 +278,84 @@ void ExplorerWindow::exportFigure() {
       QFileDialog::getSaveFileName(this, "Export the figure", "figure.png", kFilters, &filter);
   if (file.isEmpty()) return;
   if (QFileInfo(file).suffix().isEmpty()) file += filter.section('*', 1).section(')', 0, 0);
-  try {
-    vexel::exportFigure(*view_, file.toStdString(), kExportedPixelsPerPoint);
-    statusBar()->showMessage("Exported to " + file, kStatusTime);
-  } catch (const vexel::FigureExportError& error) {
-    message_->setText(QString::fromStdString(error.what()));
-  }
+  exportTo(file);
+}
+
+void ExplorerWindow::exportTo(const QString& file) {
+  const auto exportView = [file](vexel::NSView& view) -> OutputJob::Rest {
+    vexel::exportFigure(view, file.toStdString(), kExportedPixelsPerPoint);
+    return [] {};
+  };
+  make({"Exporting " + fileName(file), "Exported to " + file, {view_->shown(), exportView}});
 }
 
 void ExplorerWindow::print() {
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setPageOrientation(QPageLayout::Landscape);
-  QPrintDialog dialog(&printer, this);
+  const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  printer->setPageOrientation(QPageLayout::Landscape);
+  QPrintDialog dialog(printer.get(), this);
   if (dialog.exec() != QDialog::Accepted) return;
-  const bool isFile = printer.outputFormat() == QPrinter::PdfFormat;
-  if (isFile ? write(plot_->pdfPage(printer.pageLayout()), printer.outputFileName())
-             : plot_->print(printer))
-    statusBar()->showMessage("Printed", kStatusTime);
-  else
-    message_->setText("The figure could not be printed.");
+  const auto printView = [printer](vexel::NSView& view) -> OutputJob::Rest {
+    const auto demand = [](bool isPrinted) {
+      if (!isPrinted) throw std::runtime_error("The figure could not be printed.");
+    };
+    if (printer->outputFormat() == QPrinter::PdfFormat) {
+      const QByteArray page = vexel::pdfPageOfView(view, printer->pageLayout());
+      demand(!page.isEmpty());
+      write(page, printer->outputFileName());
+    } else {
+      demand(vexel::printView(view, *printer));
+    }
+    return [] {};
+  };
+  make({"Printing", "Printed", {view_->shown(), printView}});
 }
 
 void ExplorerWindow::copy() {
-  plot_->copy();
-  statusBar()->showMessage("Copied", kStatusTime);
+  const qreal pixelsPerPoint = kCopiedPixelsPerPoint * devicePixelRatioF();
+  const auto copyView = [pixelsPerPoint](vexel::NSView& view) -> OutputJob::Rest {
+    const auto copied =
+        std::make_shared<std::unique_ptr<QMimeData>>(vexel::mimeDataOfView(view, pixelsPerPoint));
+    (*copied)->moveToThread(QCoreApplication::instance()->thread());
+    return [copied] { QGuiApplication::clipboard()->setMimeData(copied->release()); };
+  };
+  make({"Copying", "Copied", {view_->shown(), copyView}});
+}
+
+void ExplorerWindow::make(Output output) {
+  outputs_.push_back(std::move(output));
+  if (!outputJob_) makeNext();
+}
+
+void ExplorerWindow::makeNext() {
+  const Output& next = outputs_.front();
+  outputProgress_->begin(next.doing, kPatience);
+  outputJob_ = std::make_unique<OutputJob>(
+      next.task, [this](const OutputJob::Result& result) { made(result); });
+}
+
+void ExplorerWindow::made(const OutputJob::Result& result) {
+  const Output output = std::move(outputs_.front());
+  outputs_.pop_front();
+  outputJob_.reset();
+  outputProgress_->end();
+  if (result.rest) {
+    result.rest();
+    statusBar()->showMessage(output.done, kStatusTime);
+  } else if (result.complaint.empty()) {
+    statusBar()->showMessage(output.doing + " was cancelled", kStatusTime);
+  } else {
+    message_->setText(QString::fromStdString(result.complaint));
+    show();
+  }
+  if (!outputs_.empty()) return makeNext();
+  if (keepsRunning_ && !isVisible()) deleteLater();
+  keepsRunning_.reset();
+}
+
+void ExplorerWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  setAttribute(Qt::WA_DeleteOnClose, !isMakingOutput());
+  if (isMakingOutput()) keepsRunning_.emplace();
 }
 
 void ExplorerWindow::explainUse() {

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include "../impact-explorer/TemporaryFolder.h"
 #include "InputError.h"
 
@@ -105,6 +108,25 @@ TEST_F(ExplorationOfFile, BandsAreMadeOnce) {
   EXPECT_EQ(all.valueBand("A").style, BandStyle::symbols);
   EXPECT_THAT(all.band("Rows per day").values, ElementsAre(1, 0, 1));
   EXPECT_THAT(all.coding("B").values, ElementsAre(2.5, 6));
+}
+
+TEST_F(ExplorationOfFile, SeveralThreadsMayAskAtOnce) {
+  const Exploration all = explored("JD,A,B\n2459000.5,1,2.5\n2459002.5,5,6\n");
+  std::atomic<int> waiting = 2;
+  const auto ask = [&] {
+    --waiting;
+    while (waiting > 0) std::this_thread::yield();
+    std::vector<const void*> answers;
+    for (const char* const quantity : {"A", "B"})
+      answers.insert(answers.end(), {&all.valueBand(quantity), &all.band(quantity),
+                                     &all.coding(quantity), all.band(quantity).values.data()});
+    return answers;
+  };
+  std::vector<const void*> elsewhere;
+  std::thread other([&] { elsewhere = ask(); });
+  const auto here = ask();
+  other.join();
+  EXPECT_EQ(here, elsewhere);
 }
 
 TEST(Exploration, OfTheSampleShowsItsTellingQuantities) {

@@ -4,10 +4,13 @@
 #include <AppKit/NSWindow.h>
 #include <CoreGraphics/CGNullContext.h>
 #include <Foundation/NSNotificationCenter.h>
+#include <Vexel/FigureExport.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <set>
+#include <thread>
 
 #include "../impact-explorer/TemporaryFolder.h"
 
@@ -272,6 +275,52 @@ TEST_F(ExplorerViewTest, AnotherTableStartsAnewAndAnotherChoiceDoesNot) {
   EXPECT_EQ(shown(), (TimeSpan{0, 100}));
   EXPECT_FALSE(view->navigation().canGoBack());
   EXPECT_THAT(view->pins(), IsEmpty());
+}
+
+std::string drawn(ExplorerView& view) {
+  return figureData(view, "figure.png", 1);
+}
+
+TEST_F(ExplorerViewTest, AnotherViewAlsoOfAnotherThreadShowsTheSame) {
+  const auto expectSame = [&] {
+    send(NSEventType::mouseExited, 0);
+    const auto shown = view->shown();
+    EXPECT_TRUE(drawn(*std::make_shared<ExplorerView>(shown)) == drawn(*view));
+    std::string elsewhere;
+    std::thread([&] { elsewhere = drawn(*std::make_shared<ExplorerView>(shown)); }).join();
+    EXPECT_TRUE(elsewhere == drawn(*view));
+    return elsewhere;
+  };
+  std::set<std::string> pictures{expectSame()};
+  explore();
+  pictures.insert(expectSame());
+  wheel(xAt(50), 0, 500, 10);
+  wheel(xAt(50), 30, 0, 10.1);
+  pictures.insert(expectSame());
+  for (const double day : {20, 70}) {
+    click(xAt(day));
+    pictures.insert(expectSame());
+  }
+  NSNotificationCenter::defaultCenter().post(
+      {.name = PlotTheme::didChange(), .userInfo = PlotTheme(PlotTheme::black)});
+  pictures.insert(expectSame());
+  NSNotificationCenter::defaultCenter().post(
+      {.name = PlotCT::colourTableDidChange(),
+       .userInfo = std::optional<PlotCT>(PlotCT(PlotCT::gmtPolar))});
+  pictures.insert(expectSame());
+  view->choose({"B", "A", {}});
+  pictures.insert(expectSame());
+  window->setContentSize({500, 300});
+  pictures.insert(expectSame());
+  EXPECT_THAT(pictures, SizeIs(9));
+}
+
+TEST_F(ExplorerViewTest, AnotherViewShowsNoMarkerUnderThePointer) {
+  explore();
+  const std::string before = drawn(*view);
+  send(NSEventType::mouseMoved, 200);
+  EXPECT_FALSE(drawn(*view) == before);
+  EXPECT_TRUE(drawn(*std::make_shared<ExplorerView>(view->shown())) == before);
 }
 
 TEST_F(ExplorerViewTest, TellsEveryChange) {

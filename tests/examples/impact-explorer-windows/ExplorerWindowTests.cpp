@@ -1,5 +1,6 @@
 #include "window/ExplorerWindow.h"
 
+#include <Vexel/FigureExport.h>
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -8,8 +9,10 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPointer>
+#include <QStatusBar>
 #include <QTest>
 #include <QUrl>
+#include <fstream>
 
 #include "../impact-explorer/TemporaryFolder.h"
 
@@ -40,9 +43,18 @@ class ExplorerWindowTest : public testing::Test {
     const auto* const label = window->findChild<QLabel*>("message");
     return label->isVisible() ? label->text() : QString();
   }
+  QToolButton* cancelButton(const QString& progress) const {
+    return find<QWidget>(*window, progress)->findChild<QToolButton*>("cancel");
+  }
   bool open(const std::string& file) {
     window->open({.file = file, .size = {}});
     return QTest::qWaitFor([&] { return !window->isLoading(); });
+  }
+  bool finishOutput() {
+    return QTest::qWaitFor([&] { return !window->isMakingOutput(); });
+  }
+  QString pathOf(const char* name) const {
+    return QString::fromStdString(folder.path()) + "/" + name;
   }
   static void choose(QComboBox& box, int index) {
     box.setCurrentIndex(index);
@@ -97,7 +109,7 @@ TEST_F(ExplorerWindowTest, ReadingCanBeCancelled) {
   std::string many = "JD,A\n";
   for (int i = 0; i < 300'000; ++i) many += std::to_string(i) + ",1.25\n";
   window->open({.file = folder.write("large.csv", many), .size = {}});
-  auto* const cancel = find<QToolButton>(*window, "cancel");
+  auto* const cancel = cancelButton("loadProgress");
   ASSERT_TRUE(cancel->isVisible());
   cancel->click();
   ASSERT_TRUE(QTest::qWaitFor([&] { return !window->isLoading(); }));
@@ -161,9 +173,97 @@ TEST_F(ExplorerWindowTest, CopiesTheFigure) {
   QGuiApplication::clipboard()->clear();
   for (QAction* const action : window->findChildren<QAction*>())
     if (action->text() == "&Copy") action->trigger();
+  ASSERT_TRUE(finishOutput());
   const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
   EXPECT_TRUE(data->hasImage());
   EXPECT_TRUE(data->hasFormat("image/svg+xml"));
+}
+
+std::string contentOf(const QString& file) {
+  std::ifstream stream(file.toStdString(), std::ios::binary);
+  return {std::istreambuf_iterator(stream), {}};
+}
+
+/// What a file holds that shows the same as the view.
+std::string figureOf(const ExplorerView& view, const char* name) {
+  return vexel::figureData(*std::make_shared<ExplorerView>(view.shown()), name, 2);
+}
+
+TEST_F(ExplorerWindowTest, ExportsTheFigureInEveryFormat) {
+  ASSERT_TRUE(open(folder.write("good.csv", kTable)));
+  for (const char* const name : {"figure.png", "figure.pdf", "figure.svg"}) {
+    window->exportTo(pathOf(name));
+    ASSERT_TRUE(finishOutput());
+    EXPECT_TRUE(contentOf(pathOf(name)) == figureOf(window->view(), name)) << name;
+    EXPECT_EQ(window->statusBar()->currentMessage(), "Exported to " + pathOf(name));
+  }
+}
+
+TEST_F(ExplorerWindowTest, ExportsOneAfterTheOtherAsTheFigureWasWhenEachWasAskedFor) {
+  ASSERT_TRUE(open(folder.write("good.csv", kTable)));
+  std::vector<std::string> expected;
+  for (int theme = 0; theme < 3; ++theme) {
+    choose(*find<QComboBox>(*window, "theme"), theme);
+    window->exportTo(pathOf("figure.svg") + QString::number(theme) + ".svg");
+    expected.push_back(figureOf(window->view(), "figure.svg"));
+  }
+  ASSERT_TRUE(finishOutput());
+  EXPECT_NE(expected[0], expected[1]);
+  for (int theme = 0; theme < 3; ++theme)
+    EXPECT_EQ(contentOf(pathOf("figure.svg") + QString::number(theme) + ".svg"), expected[theme]);
+}
+
+TEST_F(ExplorerWindowTest, SaysWhyItCannotExportAndLeavesTheFile) {
+  ASSERT_TRUE(open(folder.write("good.csv", kTable)));
+  folder.write("figure.tiff", "before");
+  for (const auto& [file, text] :
+       {std::pair{pathOf("figure.tiff"), "written as .png"},
+        std::pair{pathOf("missing/figure.png"), "missing/figure.png: "}}) {
+    window->exportTo(file);
+    ASSERT_TRUE(finishOutput());
+    EXPECT_TRUE(message().contains(text)) << message().toStdString();
+  }
+  EXPECT_EQ(contentOf(pathOf("figure.tiff")), "before");
+}
+
+TEST_F(ExplorerWindowTest, AnExportCanBeCancelledWhichLeavesTheFileAndTheNextOne) {
+  ASSERT_TRUE(open(folder.write("good.csv", kTable)));
+  folder.write("figure.png", "before");
+  window->exportTo(pathOf("figure.png"));
+  window->exportTo(pathOf("next.png"));
+  cancelButton("outputProgress")->click();
+  ASSERT_TRUE(finishOutput());
+  EXPECT_EQ(contentOf(pathOf("figure.png")), "before");
+  EXPECT_TRUE(contentOf(pathOf("next.png")).starts_with("\x89PNG"));
+  EXPECT_EQ(message(), "");
+}
+
+TEST_F(ExplorerWindowTest, AWindowThatIsClosedMakesItsExportsFirst) {
+  ASSERT_TRUE(open(folder.write("good.csv", kTable)));
+  window->exportTo(pathOf("first.png"));
+  window->exportTo(pathOf("second.png"));
+  window->close();
+  ASSERT_NE(window, nullptr);
+  EXPECT_FALSE(window->isVisible());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !window; }));
+  for (const char* const name : {"first.png", "second.png"})
+    EXPECT_TRUE(contentOf(pathOf(name)).starts_with("\x89PNG")) << name;
+}
+
+TEST_F(ExplorerWindowTest, AClosedWindowComesBackWhenAnExportFails) {
+  ASSERT_TRUE(open(folder.write("good.csv", kTable)));
+  window->exportTo(pathOf("missing/figure.png"));
+  window->exportTo(pathOf("second.png"));
+  window->close();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !window || window->isVisible(); }));
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(message().contains("missing/figure.png: "));
+  ASSERT_TRUE(finishOutput());
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_TRUE(contentOf(pathOf("second.png")).starts_with("\x89PNG"));
+  window->close();
+  QTest::qWait(1);
+  EXPECT_EQ(window, nullptr);
 }
 
 TEST_F(ExplorerWindowTest, EveryTableHasAPreviewWithItsLowEndOnTheLeft) {

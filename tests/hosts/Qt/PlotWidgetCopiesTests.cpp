@@ -1,4 +1,5 @@
 #include <Vexel/PlotView.h>
+#include <VexelQt/ViewCopies.h>
 #include <gtest/gtest.h>
 
 #include <QBuffer>
@@ -62,8 +63,8 @@ class Symbols : public NSView {
 
 TEST_F(PlotWidgetCopies, VeryManySymbolsAreCopiedAsAnImageOnly) {
   for (const std::size_t more : {0, 1}) {
-    widget.setContentView(std::make_shared<Symbols>(CGRect::make(0, 0, 50, 50),
-                                                    PlotWidget::kMostCopiedSymbols + more));
+    widget.setContentView(
+        std::make_shared<Symbols>(CGRect::make(0, 0, 50, 50), kMostCopiedSymbols + more));
     const auto data = widget.mimeData();
     EXPECT_TRUE(data->hasImage());
     EXPECT_EQ(data->hasFormat("application/pdf"), more == 0);

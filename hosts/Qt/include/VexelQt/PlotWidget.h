@@ -66,26 +66,15 @@ class VEXEL_API PlotWidget : public QWidget {
   /// The size that the content view came with; invalid when it had none.
   QSize sizeHint() const override { return sizeHint_; }
 
-  // What views throw passes through; what they had marked for display is still marked then.
+  // Copies, as ViewCopies.h has them, of what the widget shows. Null or empty when it shows no
+  // view.
 
-  /// What the widget shows, at so many pixels per point, transparent where no view draws. Null when
-  /// there is nothing to show or the image would be too large for memory.
   QImage image(qreal pixelsPerPoint) const;
-  /// A copy with more symbols is no drawing but an image alone: drawings of so many take some 50 ms
-  /// and 12 MB.
-  static constexpr std::size_t kMostCopiedSymbols = 100'000;
-  /// What a copy gives others to choose from: an image at twice the pixels of the screen, and PDF
-  /// and SVG unless there are more than kMostCopiedSymbols symbols. What cannot be made is missing.
+  /// With an image at twice the pixels of the screen.
   std::unique_ptr<QMimeData> mimeData() const;
   /// Puts mimeData() onto the clipboard.
   void copy() const;
-  /// Prints what the widget shows on one page, centred at the top inside the margins in its own
-  /// size (a point is 1/72 inch), or reduced to fit: as an image at the resolution of the device,
-  /// or the highest that memory allows. That suits printers; for a file there is pdfPage(). False
-  /// when it could not be printed.
   bool print(QPagedPaintDevice& device) const;
-  /// The same page as a PDF document in which lines, symbols and text remain such. Empty when there
-  /// is nothing to show, the page has no size that a PDF document can have, or memory ran out.
   QByteArray pdfPage(const QPageLayout& layout) const;
 
  protected:
