@@ -1,10 +1,10 @@
 # A short front for CMake; `cmake --preset release` and its companions work alone, too.
-PRESETS := release debug asan tsan coverage
+PRESETS := release debug clang asan tsan coverage
 # What each target gets.
 FUZZ_SECONDS := 10
 EXPLORER := build/release/examples/impact-explorer/impact-explorer
 
-.PHONY: help demo test test-install check docs soak bench format setup setup-check headers symbols tidy fuzz \
+.PHONY: help demo test test-install check docs coverage soak bench format setup setup-check headers symbols tidy fuzz \
         $(PRESETS:%=build-%) $(PRESETS:%=test-%)
 
 help:
@@ -12,6 +12,7 @@ help:
 	@echo "make test     build and run the tests"
 	@echo "make check    all that a change has to pass; the tests are a part of it"
 	@echo "make docs     write the reference of the headers into build/docs/html"
+	@echo "make coverage run the tests and show which lines and branches of the libraries they reach"
 	@echo "make fuzz     feed the fuzz targets, FUZZ_SECONDS=$(FUZZ_SECONDS) each"
 	@echo "make symbols  renew the lists of what the libraries export"
 	@echo "make soak     do a million random things to figures, and look whether memory stays flat"
@@ -39,12 +40,23 @@ test: test-release
 
 check: setup-check
 	@tools/check-tree
-	@$(MAKE) --no-print-directory test-release headers docs tidy test-install test-asan fuzz
+	@$(MAKE) --no-print-directory test-release headers docs tidy test-clang test-install test-tsan test-asan fuzz
 
 # Every public declaration says what it is.
 docs: setup-check
 	@mkdir -p build/docs
 	@doxygen docs/Doxyfile
+
+# What the tests reach of the libraries, line by line in build/coverage/html.
+coverage: setup-check
+	@$(MAKE) --no-print-directory build-coverage
+	@find build/coverage -name '*.gcda' -delete
+	@$(MAKE) --no-print-directory test-coverage
+	@mkdir -p build/coverage/html
+	@gcovr --root . --object-directory build/coverage -j 2 --exclude-throw-branches --exclude-unreachable-branches \
+	  --filter '(platform|hosts|PlotTheme|PlotColorTable|Vexel|VexelWithMarkers)/' \
+	  --txt build/coverage/summary.txt --html-details build/coverage/html/index.html build/coverage
+	@tail -4 build/coverage/summary.txt; echo "build/coverage/html/index.html shows them line by line."
 
 soak: build-release
 	@build/release/tests/soak 1000000
