@@ -6,7 +6,7 @@
 
 namespace vexel {
 
-/// One of the public context classes, with its drawing done by a CairoCanvas.
+/// One of the public context classes, with most of its drawing done by a CairoCanvas.
 template <class Interface>
 class CairoContext : public Interface {
  public:
@@ -21,13 +21,9 @@ class CairoContext : public Interface {
     canvas_.stroke(path, style);
   }
   void fill(const CGPath& path, const CGColor& color) override { canvas_.fill(path, color); }
-  void fillAligned(const CGRect& rect, const CGColor& color) override {
-    canvas_.fillAligned(rect, color);
-  }
   void drawImage(const CGImage& image, const CGRect& rect) override {
     canvas_.drawImage(image, rect);
   }
-  void drawText(const CGText& text, CGPoint origin) override { canvas_.drawText(text, origin); }
   CGSize measure(const CGText& text) override { return sharedTextMeasure().measure(text); }
 
  protected:

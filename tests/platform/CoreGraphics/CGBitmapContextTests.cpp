@@ -30,7 +30,7 @@ TEST(CGBitmapContext, RefusesSizesThatItCannotHold) {
        {Row{{kNaN, 10}, 1}, Row{{10, kNaN}, 1}, Row{{10, 10}, kNaN}, Row{{kInfinity, 10}, 1},
         Row{{10, 10}, kInfinity}, Row{{0, 10}, 1}, Row{{10, 0}, 1}, Row{{-10, 10}, 1},
         Row{{10, 10}, 0}, Row{{10, 10}, -1}, Row{{-10, 10}, -1}, Row{{32768, 1}, 1},
-        Row{{1, 16384}, 2}, Row{{1e300, 1e300}, 1e300}})
+        Row{{1, 16384}, 2}, Row{{1e300, 1e300}, 1e300}, Row{{16385, 16384}, 1}})
     EXPECT_THROW(CGBitmapContext::create(row.size, row.scale), CGContextError)
         << row.size.width << " x " << row.size.height << " at " << row.scale;
 }

@@ -167,6 +167,36 @@ TEST(CGDocumentContext, RefersToSymbolsInAPdf) {
   EXPECT_THAT(file, Not(HasSubstr("stands in")));
 }
 
+TEST(CGDocumentContext, DrawsSymbolsThatAreNoShapesOneByOne) {
+  const CGColor faint = CGColor::genericRGB(0, 0, 1, 0.5);
+  const CGStrokeStyle outline;
+  const std::vector<CGSymbolStyle> styles{{&kRed, nullptr}, {&faint, &outline}};
+  const std::vector<std::uint32_t> styleOfCenter{0, 1, 0};
+  const std::vector<CGPoint> centers{{40, 40}, {50, 60}, {60, 40}};
+  const struct {
+    const char* what;
+    CGPath symbol;
+    CGAffineTransform transform;
+  } rows[] = {
+      {"too large", ellipsePath(-700, -700, 1400, 1400), {}},
+      {"flat", ellipsePath(-3, -3, 6, 6), {1, 0, 0, 0, 0, 0}},
+  };
+  for (const auto& [what, symbol, transform] : rows) {
+    for (const Format format : {Format::pdf, Format::svg}) {
+      const Document drawn = makeDocument(format), wanted = makeDocument(format);
+      drawn->concatenate(transform);
+      drawn->drawStyledSymbols(symbol, styles, styleOfCenter, centers);
+      wanted->concatenate(transform);
+      for (std::size_t i = 0; i < centers.size(); ++i) {
+        const CGSymbolStyle& style = styles[styleOfCenter[i]];
+        wanted->CGContext::drawSymbols(symbol, style.fillColor, style.strokeStyle,
+                                       std::span(centers).subspan(i, 1));
+      }
+      EXPECT_EQ(drawn->finish(), wanted->finish()) << what << (format == Format::pdf ? " pdf" : "");
+    }
+  }
+}
+
 TEST(CGDocumentContext, CollectsDrawingOfAPdfUntilTheClipChangesOrTextComes) {
   const auto line = [](CGContext& c) { c.stroke(linePath({10, 10}, {90, 90}), {}); };
   const auto fill = [](CGContext& c) { c.fill(rectPath(20, 20, 50, 50), kRed); };

@@ -75,6 +75,24 @@ TEST(CPTDump, TheWholeChartAsText) {
             "  annotation \"\" at no place\n");
 }
 
+TEST(CPTDump, NamesPlotsOfOtherKinds) {
+  class OtherPlot : public CPTPlot {
+   public:
+    OtherPlot() : CPTPlot({}) {}
+
+   private:
+    std::size_t readData(CPTPlotDataSource&, CPTRecordRange) override { return 0; }
+    RangeIndex::Extremes extremes(CPTCoordinate, double) const override { return {}; }
+    void drawSeries(CGContext&, const CPTXYPlotSpace&) override {}
+    std::vector<LabelPlace> labelPlaces(const CPTXYPlotSpace&) const override { return {}; }
+  };
+  const auto plot = std::make_shared<OtherPlot>();
+  plot->setIdentifier("another");
+  const auto graph = std::make_shared<CPTXYGraph>(CGRect::make(0, 0, 100, 50));
+  graph->addPlot(plot);
+  EXPECT_THAT(dump(*graph), testing::HasSubstr("plot \"another\" records 0 without data source\n"));
+}
+
 TEST(CPTDump, LookingAtAChartLeavesItsNeedForDisplay) {
   const auto graph = bareGraph();
   ListSource source({{0, 1}, {0, 1}});

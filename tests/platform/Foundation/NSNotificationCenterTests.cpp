@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <optional>
+#include <stdexcept>
 #include <thread>
 
 namespace vexel {
@@ -109,6 +110,21 @@ TEST_F(NSNotificationCenterTest, ThoseThatDieDuringADeliveryHearNoMore) {
   center.addObserver(*b, "moved", note("b"));
   center.post({"moved"});
   EXPECT_THAT(heard, IsEmpty());
+}
+
+TEST_F(NSNotificationCenterTest, PassesOnWhatAnObserverThrowsAndKeepsAllRegistered) {
+  Observer a, b;
+  bool fails = true;
+  center.addObserver(a, "moved", [&](const NSNotification&) {
+    if (fails) throw std::runtime_error("no");
+    heard.push_back("a");
+  });
+  center.addObserver(b, "moved", note("b"));
+  EXPECT_THROW(center.post({"moved"}), std::runtime_error);
+  EXPECT_THAT(heard, IsEmpty());
+  fails = false;
+  center.post({"moved"});
+  EXPECT_THAT(heard, ElementsAre("a", "b moved"));
 }
 
 TEST_F(NSNotificationCenterTest, MayBePostedToDuringADelivery) {

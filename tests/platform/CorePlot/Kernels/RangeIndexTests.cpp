@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <iostream>
@@ -198,6 +199,27 @@ TEST(RangeIndex, KeepsValuesNotAboveTheFloorApart) {
   const auto points = outline(RangeIndex(x, y), 0, 100000, 0, 1e9);
   EXPECT_LT(points.size(), 1000u);
   EXPECT_EQ(std::count(points.begin(), points.end(), CGPoint{50000, -3}), 1);
+}
+
+TEST(RangeIndex, KeepsWhatStandsAnywhereInPartsOfAnyLength) {
+  for (std::size_t count = 12; count < 32; ++count) {
+    // More follow, so that no leaf is replaced as a whole.
+    const Values x = counted(count + 40);
+    for (std::size_t place = 0; place < count; ++place) {
+      Values y(count + 40, 0.0);
+      y[place] = 7;
+      y[(place + 5) % count] = -3;
+      const auto points = outline(RangeIndex(x, y), 0, count, -kInfinity, 1e9);
+      const auto isLow = [](CGPoint p) { return p.y == -3; };
+      const auto isHigh = [](CGPoint p) { return p.y == 7; };
+      ASSERT_EQ(std::ranges::count_if(points, isLow), 1) << place << " of " << count;
+      ASSERT_EQ(std::ranges::count_if(points, isHigh), 1) << place << " of " << count;
+      y[place] = kNaN;
+      const auto broken = outline(RangeIndex(x, y), 0, count, -kInfinity, 1e9);
+      ASSERT_EQ(std::ranges::count_if(broken, [](CGPoint p) { return std::isnan(p.y); }), 1)
+          << place << " of " << count;
+    }
+  }
 }
 
 TEST(RangeIndex, KeepsEveryExtremeInTheOutline) {
