@@ -57,7 +57,7 @@ class VEXEL_API Vexel : public CPTPlotDataSource {
   virtual ViewConstraints& viewConstraints() = 0;
   /// The colours of graphs, axes and series that are added from now on.
   virtual PlotTheme& theme() = 0;
-  /// Free for the adopter.
+  /// Free for the adopter; empty after initialisation.
   virtual std::string& auxiliaryText() = 0;
   virtual std::vector<double>& auxiliaryValues() = 0;
   /// Factors from data units to plot-space units; 1 after initialisation.
@@ -66,11 +66,11 @@ class VEXEL_API Vexel : public CPTPlotDataSource {
 
   // The adopter's own part
 
-  /// The last step of initialisation.
+  /// The last step of initialisation: bands, series and axes may be made here.
   virtual void setupPlot() = 0;
   /// Shows what is presented; what the numbers mean is up to the adopter.
   virtual void draw(const std::vector<double>& presented) = 0;
-  /// Takes in what has changed.
+  /// Takes in what has changed, as update() asks; what is shown may stay.
   virtual void refresh(const std::vector<double>& presented) = 0;
 
   // Life cycle

@@ -20,7 +20,7 @@ class VEXEL_API CGDocumentContext : public CGContext {
   /// Longest side in points: what every reader of PDF takes.
   static constexpr CGFloat kMaximumSide = 14400;
 
-  /// Throws CGContextError.
+  /// An empty page. Throws CGContextError unless both sides are above 0 and within kMaximumSide.
   static std::unique_ptr<CGDocumentContext> create(Format format, CGSize size);
 
   /// Ends the page and gives the bytes of the file. Later drawing calls do nothing. Throws

@@ -33,11 +33,11 @@ class VEXEL_API CPTAxis : public CPTLayer {
   CPTCoordinate coordinate() const { return coordinate_; }
   void setCoordinate(CPTCoordinate coordinate) { change(coordinate_, coordinate); }
 
-  /// Null: the axis is not drawn.
+  /// The coordinates along which the axis lies; null: it is not drawn.
   const std::shared_ptr<CPTXYPlotSpace>& plotSpace() const { return plotSpace_; }
   void setPlotSpace(std::shared_ptr<CPTXYPlotSpace> space) { change(plotSpace_, std::move(space)); }
 
-  /// Default fixedInterval.
+  /// How the axis gets its ticks and labels; default fixedInterval.
   CPTAxisLabelingPolicy labelingPolicy() const { return labelingPolicy_; }
   void setLabelingPolicy(CPTAxisLabelingPolicy policy) { change(labelingPolicy_, policy); }
 

@@ -19,7 +19,7 @@ struct VEXEL_API CPTImage {
   /// Whether the image is repeated rather than stretched.
   bool tiled = false;
 
-  /// Fills the rectangle.
+  /// Fills the rectangle, in the coordinates of the context; draws nothing outside it.
   void draw(CGContext& context, const CGRect& rect) const;
 
   friend bool operator==(const CPTImage&, const CPTImage&) = default;

@@ -45,7 +45,7 @@ class VEXEL_API CPTPlot : public CPTLayer {
   /// Says that the data source's answers have changed: they are asked for before the next
   /// display.
   void setDataNeedsReloading();
-  /// Whether they will be.
+  /// Whether they will be asked for; true until the data was first read.
   bool dataNeedsReloading() const { return dataNeedsReloading_; }
   /// Asks now if they have changed.
   void reloadDataIfNeeded();
@@ -75,7 +75,7 @@ class VEXEL_API CPTPlot : public CPTLayer {
   /// labels.
   const std::shared_ptr<NSFormatter>& labelFormatter() const { return labelFormatter_; }
   void setLabelFormatter(std::shared_ptr<NSFormatter> formatter);
-  /// Distance of a label from its point, in points.
+  /// Distance of a label from its point, in points; default 0, of bars 10.
   CGFloat labelOffset() const { return labelOffset_; }
   void setLabelOffset(CGFloat points);
   /// In radians, counter-clockwise; default 0.

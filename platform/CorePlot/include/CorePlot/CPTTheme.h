@@ -26,7 +26,7 @@ class VEXEL_API CPTTheme {
   static constexpr double kMajorInterval = 0.5;
   static constexpr int kMinorTicksPerInterval = 4;
 
-  /// A theme of any two colours.
+  /// A theme of any two colours; themeNamed() does not know it.
   CPTTheme(std::string name, const CPTColor& background, const CPTColor& foreground);
 
   /// One of the themes named above; null for any other name.

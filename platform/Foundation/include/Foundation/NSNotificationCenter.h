@@ -27,7 +27,7 @@ struct VEXEL_API NSNotification {
 /// those registered during a delivery hear only later ones, those removed hear no more.
 class VEXEL_API NSNotificationCenter {
  public:
-  /// What is called.
+  /// What is called, with the notification as it was posted; not to be empty.
   using Handler = std::function<void(const NSNotification&)>;
 
   /// The centre of the calling thread: each thread that draws figures has its own.
@@ -37,7 +37,8 @@ class VEXEL_API NSNotificationCenter {
   void addObserver(NSObject& observer, std::string name, Handler handler);
   /// Ends all registrations of `observer`.
   void removeObserver(const NSObject& observer);
-  /// Calls the observers of the name, and returns when all have heard.
+  /// Calls the observers of the name, and returns when all have heard. What one throws reaches the
+  /// sender: those behind it do not hear this time, and all stay registered.
   void post(const NSNotification& notification);
 
  private:
