@@ -66,16 +66,15 @@ class VEXEL_API PlotWidget : public QWidget {
   /// The size that the content view came with; invalid when it had none.
   QSize sizeHint() const override { return sizeHint_; }
 
-  // Copies, as ViewCopies.h has them, of what the widget shows. Null or empty when it shows no
-  // view.
-
+  /// Copies, as ViewCopies.h has them, of what the widget shows. Null, false or empty when it shows
+  /// no view.
   QImage image(qreal pixelsPerPoint) const;
-  /// With an image at twice the pixels of the screen.
+  bool print(QPagedPaintDevice& device) const;
+  QByteArray pdfPage(const QPageLayout& layout) const;
+  /// The same with an image at twice the pixels of the screen.
   std::unique_ptr<QMimeData> mimeData() const;
   /// Puts mimeData() onto the clipboard.
   void copy() const;
-  bool print(QPagedPaintDevice& device) const;
-  QByteArray pdfPage(const QPageLayout& layout) const;
 
  protected:
   /// Hand what Qt tells to the views.
