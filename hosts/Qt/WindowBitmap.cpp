@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace vexel {
@@ -15,6 +16,12 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kFrame(16);
 // Parts of less height, in points, are not worth it.
 constexpr CGFloat kLeastHeight = 32;
+// A part that would take longer is cut into pieces, as far as that helps: some of the work is done
+// for each of them.
+constexpr std::chrono::milliseconds kLongest(50);
+constexpr double kMostPieces = 3;
+// Of what took long, by each display that does not: pieces cost little then.
+constexpr double kRemembered = 0.9;
 
 /// The smallest rectangle around `rect` whose edges lie between pixels.
 CGRect wholePixels(const CGRect& rect, CGFloat ratio, CGFloat pixelHeight) {
@@ -68,9 +75,15 @@ bool WindowBitmap::update(NSWindow& window, qreal ratio, const CGColor& backgrou
   // A failure marks what has been drawn again: no part would be the last one.
   const auto goesOn = [&] { return failure_ || Clock::now() - start < kFrame; };
   std::size_t drawn = 0;
-  for (; isLaidOut && drawn < all.size() && (drawn == 0 || goesOn()); ++drawn)
+  for (; isLaidOut && drawn < all.size() && (drawn == 0 || goesOn()); ++drawn) {
+    const auto before = Clock::now();
     attempt([&] { draw(all[drawn], window, background); });
+    if (isWide(all[drawn]))
+      slowest_ = std::max(slowest_, Seconds(Clock::now() - before) / all[drawn].size.height);
+  }
   isComplete_ = !isLaidOut || drawn == all.size();
+  if (isComplete_ && slowest_ > Seconds(0))
+    timePerPoint_ = std::max(kRemembered * timePerPoint_, std::exchange(slowest_, Seconds(0)));
   goOnBelow_ = isComplete_ ? std::numeric_limits<CGFloat>::infinity() : all[drawn - 1].minY();
   if (former) stretch(*former, std::span(all).subspan(drawn));
   return true;
@@ -92,6 +105,7 @@ std::vector<WindowBitmap::Strip> WindowBitmap::strips(NSWindow& window) const {
   std::vector<CGFloat> edges;
   addEdges(*window.contentView(), edges);
   std::ranges::sort(edges, std::greater<>());
+  const std::vector<CGFloat> cuts = cutInPieces(edges);
 
   // Between pixels, so that one part does not draw a row of the next one.
   const CGFloat ratio = context_->backingScale();
@@ -103,7 +117,7 @@ std::vector<WindowBitmap::Strip> WindowBitmap::strips(NSWindow& window) const {
       strips.push_back(CGRect::make(rect.minX(), y, rect.size.width, above - y));
       above = y;
     };
-    for (const CGFloat edge : edges) {
+    for (const CGFloat edge : isWide(rect) ? cuts : edges) {
       const CGFloat y = top - std::round((top - edge) * ratio) / ratio;
       if (y <= above - kLeastHeight && y >= rect.minY() + kLeastHeight) cutAt(y);
     }
@@ -114,6 +128,26 @@ std::vector<WindowBitmap::Strip> WindowBitmap::strips(NSWindow& window) const {
       std::ranges::find_if(strips, [&](const Strip& strip) { return strip.maxY() <= goOnBelow_; });
   std::ranges::rotate(strips, next);
   return strips;
+}
+
+/// Whether drawing a strip tells how long all of the width takes, unlike the columns of a marker.
+bool WindowBitmap::isWide(const Strip& strip) const {
+  return strip.size.width > size_.width / 2;
+}
+
+/// With cuts in the parts between edges that would take long, at the same places for as long as it
+/// takes to draw all of them.
+std::vector<CGFloat> WindowBitmap::cutInPieces(const std::vector<CGFloat>& edges) const {
+  std::vector<CGFloat> cuts = edges;
+  for (std::size_t i = 1; i < edges.size(); ++i) {
+    const CGFloat height = edges[i - 1] - edges[i];
+    const double wanted = std::ceil(height * timePerPoint_ / kLongest);
+    const double pieces = std::min({wanted, kMostPieces, std::floor(height / kLeastHeight)});
+    for (double piece = 1; piece < pieces; ++piece)
+      cuts.push_back(edges[i - 1] - piece * height / pieces);
+  }
+  std::ranges::sort(cuts, std::greater<>());
+  return cuts;
 }
 
 void WindowBitmap::draw(const Strip& strip, NSWindow& window, const CGColor& background) {

@@ -11,11 +11,40 @@ namespace {
 using Part = ChartParts::Part;
 
 constexpr std::size_t kMostLowerPictures = 2;
+// What is lower, in points, cannot be seen.
+constexpr CGFloat kInvisible = 1e-3;
 
 std::vector<const void*> ownersOf(std::span<const Part> parts) {
   std::vector<const void*> owners;
   for (const Part& part : parts) owners.push_back(part.owner);
   return owners;
+}
+
+/// The parts of rectangles in the rows of another one, and those above and below it.
+std::pair<std::vector<CGRect>, std::vector<CGRect>> split(const std::vector<CGRect>& rects,
+                                                          const CGRect& rows) {
+  std::vector<CGRect> inside, outside;
+  const auto add = [](std::vector<CGRect>& to, const CGRect& rect, CGFloat bottom, CGFloat top) {
+    if (top - bottom > kInvisible)
+      to.push_back(CGRect::make(rect.minX(), bottom, rect.size.width, top - bottom));
+  };
+  for (const CGRect& rect : rects) {
+    const CGFloat bottom = std::clamp(rows.minY(), rect.minY(), rect.maxY());
+    const CGFloat top = std::clamp(rows.maxY(), rect.minY(), rect.maxY());
+    add(outside, rect, rect.minY(), bottom);
+    add(inside, rect, bottom, top);
+    add(outside, rect, top, rect.maxY());
+  }
+  return {inside, outside};
+}
+
+/// Rows of pixels that lie in two rectangles are drawn with both.
+void clear(CGContext& context) {
+  context.drawOnPixels([](const CGPixels& pixels) {
+    for (int y = pixels.clip.top; y < pixels.clip.bottom; ++y)
+      std::fill(pixels.buffer.row(y) + pixels.clip.left, pixels.buffer.row(y) + pixels.clip.right,
+                0);
+  });
 }
 
 }  // namespace
@@ -104,25 +133,47 @@ void KeptPictures::draw(const ChartParts& parts, const CPTBorderedLayer* rounded
   const void* const changed = firstDirty == all.end() ? nullptr : firstDirty->owner;
   const bool changedAgain = std::exchange(changed_, changed) == changed;
 
+  // What draws may display the chart again; after an exception nothing is kept.
+  std::vector<Picture> pictures = std::exchange(lower_, {});
   // What lies below the change is kept: at once when nothing is, and on top of what is kept when
   // the same part goes on changing. When everything changes the next change will most likely be
   // one above the plots, unless it goes on like that.
-  const std::size_t kept = lower_.empty() ? 0 : lower_.back().owners.size();
+  const std::size_t kept = pictures.empty() ? 0 : pictures.back().owners.size();
   const std::size_t wanted =
       clean == 0 && !changedAgain ? text : drawing.notAmidApart(std::min(clean, text));
   // A background alone is drawn in less time than a picture of it.
   const bool worthKeeping = wanted > 1 && wanted > kept && (kept == 0 || changedAgain);
-  auto layer = worthKeeping ? context.makeLayer(bounds) : nullptr;
-  if (!layer) {
-    if (kept > 0) context.drawLayer(*lower_.back().layer);
-    return drawing.draw(kept, all.size(), context, rect);
+  if (auto layer = worthKeeping ? context.makeLayer(bounds) : nullptr) {
+    if (pictures.size() == kMostLowerPictures) pictures.erase(pictures.begin());
+    pictures.push_back({std::move(layer), ownersOf(all.first(wanted)), {bounds}});
   }
-  if (kept > 0) layer->context().drawLayer(*lower_.back().layer);
-  drawing.draw(kept, wanted, layer->context(), std::nullopt);
-  context.drawLayer(*layer);
-  if (lower_.size() == kMostLowerPictures) lower_.erase(lower_.begin());
-  lower_.push_back({std::move(layer), ownersOf(all.first(wanted))});
-  drawing.draw(wanted, all.size(), context, rect);
+  if (pictures.empty()) return drawing.draw(0, all.size(), context, rect);
+  complete(pictures, rect.value_or(bounds), drawing);
+  context.drawLayer(*pictures.back().layer);
+  const std::size_t drawn = pictures.back().owners.size();
+  lower_ = std::move(pictures);
+  drawing.draw(drawn, all.size(), context, rect);
+}
+
+/// Draws the rows of the last picture that `rect` meets and that have not been drawn yet.
+void KeptPictures::complete(std::span<Picture> pictures, const CGRect& rect,
+                            const Drawing& drawing) {
+  Picture& picture = pictures.back();
+  const auto below = pictures.first(pictures.size() - 1);
+  const auto [inside, outside] = split(picture.missing, rect);
+  CGContext& context = picture.layer->context();
+  for (const CGRect& rows : inside) {
+    const CGSavedState state(context);
+    context.clip(rows);
+    clear(context);
+    if (!below.empty()) {
+      complete(below, rows, drawing);
+      context.drawLayer(*below.back().layer);
+    }
+    drawing.draw(below.empty() ? 0 : below.back().owners.size(), picture.owners.size(), context,
+                 std::nullopt);
+  }
+  picture.missing = outside;
 }
 
 void KeptPictures::drawApart(std::span<const Part> parts, const Drawing& drawing,

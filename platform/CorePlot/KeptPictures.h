@@ -14,6 +14,10 @@ namespace vexel {
 /// to a change, and one of the parts above the first mark, from the first that is no mark to the
 /// last one. The latter are put together apart also when nothing is kept, so that the rounding of
 /// colours does not tell pictures that were kept from others.
+///
+/// A display of some rows of the graph draws only these rows of the pictures of first parts; the
+/// others are drawn when they are first shown. So a window can draw a chart of many points in
+/// several goes.
 class KeptPictures {
  public:
   /// Draws the parts inside `rect`, or all of them when it is absent. Each is cut at the border of
@@ -26,12 +30,15 @@ class KeptPictures {
   struct Picture {
     std::unique_ptr<CGLayer> layer;
     std::vector<const void*> owners;
+    /// What has not been drawn yet.
+    std::vector<CGRect> missing = {};
 
     /// Whether the picture is of these parts, unchanged.
     bool shows(std::span<const Part> parts) const;
   };
   class Drawing;
 
+  void complete(std::span<Picture> pictures, const CGRect& rect, const Drawing& drawing);
   void drawApart(std::span<const Part> parts, const Drawing& drawing, CGContext& context);
 
   std::vector<Picture> lower_;

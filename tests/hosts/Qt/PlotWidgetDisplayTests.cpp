@@ -354,6 +354,67 @@ TEST_P(SlowPlotWidget, ShowsTheFormerPictureWhereItIsNotDrawnYet) {
 
 INSTANTIATE_TEST_SUITE_P(AtEveryRatio, SlowPlotWidget, testing::ValuesIn(kRatios));
 
+/// Takes long for each point of height.
+class SlowByHeight : public Colored {
+ public:
+  using Colored::Colored;
+
+  void draw(CGContext& context, CGRect dirtyRect) override {
+    if (isSlow) QThread::usleep(static_cast<unsigned long>(500 * dirtyRect.size.height));
+    Colored::draw(context, dirtyRect);
+  }
+
+  bool isSlow = true;
+};
+
+class TallPlotWidget : public testing::TestWithParam<double> {
+ protected:
+  TallPlotWidget() { showOn(widget, GetParam()); }
+
+  void drawAgain(CGColor color, const CGRect& part) {
+    view->drawn.clear();
+    view->recolor(color, part);
+    for (int i = 0; i < 20 && widget.viewWindow().needsDisplay(); ++i) settle();
+  }
+
+  void expectWhole() {
+    const QImage shown = onScreen(widget);
+    EXPECT_EQ(
+        differingPixels(shown, widget.image(GetParam()).convertToFormat(QImage::Format_RGB32)), 0);
+  }
+
+  std::shared_ptr<SlowByHeight> view =
+      std::make_shared<SlowByHeight>(CGRect::make(0, 0, 100, 240), kRed);
+  PlotWidget widget{view};
+};
+
+TEST_P(TallPlotWidget, IsDrawnInPiecesWhenItTakesLong) {
+  for (const CGColor color : {kBlue, kGreen}) {
+    drawAgain(color, view->bounds());
+    ASSERT_EQ(view->drawn.size(), 3u);
+    CGFloat height = 0;
+    for (const CGRect& piece : view->drawn) height += piece.size.height;
+    EXPECT_NEAR(height, 240, 1e-6);
+    for (const CGRect& piece : view->drawn) EXPECT_NEAR(piece.size.height, 80, 1);
+    expectWhole();
+  }
+}
+
+TEST_P(TallPlotWidget, IsDrawnAtOnceWhenItHasLongTakenLittleTime) {
+  view->isSlow = false;
+  for (int i = 0; i < 100; ++i) drawAgain(i % 2 ? kBlue : kRed, view->bounds());
+  EXPECT_EQ(view->drawn.size(), 1u);
+}
+
+TEST_P(TallPlotWidget, IsNotCutWhereLittleIsMarked) {
+  for (const CGRect& part : {CGRect::make(10, 0, 20, 240), CGRect::make(0, 100, 100, 10)}) {
+    drawAgain(kBlue, part);
+    EXPECT_EQ(view->drawn.size(), 1u);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEveryRatio, TallPlotWidget, testing::ValuesIn(kRatios));
+
 TEST(PlotWidgetLifetime, WidgetsMayBeDestroyedInAnyOrder) {
   std::vector<int> order = {0, 1, 2, 3};
   do {

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 
 #include "platform/CorePlot/Charts.h"
@@ -226,6 +227,89 @@ TEST_F(RedrawTest, AfterEveryChangeTheKeptPictureEqualsAFreshDrawing) {
     before = display();
     EXPECT_TRUE(before == after) << name << " after some more displays";
   }
+}
+
+/// Of a colour or the alpha of a pixel.
+int largestDifference(const std::vector<std::uint32_t>& a, const std::vector<std::uint32_t>& b) {
+  int largest = a.size() == b.size() ? 0 : 256;
+  for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
+    for (int shift = 0; shift < 32; shift += 8)
+      largest = std::max(largest, std::abs(static_cast<int>(a[i] >> shift & 255) -
+                                           static_cast<int>(b[i] >> shift & 255)));
+  return largest;
+}
+
+TEST_F(RedrawTest, RowsShownOneAfterTheOtherGiveTheWholePicture) {
+  using Rows = std::vector<std::pair<double, double>>;
+  // From the top, from the bottom, with gaps and overlaps, across pixels.
+  const Rows orders[] = {
+      {{140, 200}, {70, 140}, {0, 70}},
+      {{0, 33.3}, {33.3, 66.6}, {66.6, 200}},
+      {{90, 110}, {150, 200}, {100.3, 160.7}, {0, 95.1}},
+      {{-50, 100}, {100, 900}},
+      {{100, 100}, {0, 200}},
+  };
+  const std::function<void()> changes[] = {
+      [&] { space->setXRange({0, 0.9}); },      [&] { upper->setDataNeedsReloading(); },
+      [&] { upper->setDataNeedsReloading(); },  [&] { upper->setDataNeedsReloading(); },
+      [&] { middle->setDataNeedsReloading(); }, [&] { note->setDisplacement({3, 2}); },
+  };
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0})
+    for (const Rows& order : orders) {
+      scale = ratio;
+      display();
+      for (const auto& change : changes) {
+        change();
+        context = CGBitmapContext::create(graph->bounds().size, scale);
+        for (const auto& [bottom, top] : order) {
+          const CGSavedState state(*context);
+          const CGRect rows = CGRect::make(0, bottom, 300, top - bottom);
+          // As hosts do, since pixels at the ends are drawn again.
+          context->clip(rows);
+          context->fillAligned(graph->bounds(), CGColor::deviceRGB(1, 1, 1));
+          graph->displayChart(*context, rows);
+        }
+        const auto inRows = pixelsOf(*context);
+        // The coverage of a line is summed up down the rows and may be rounded another way.
+        EXPECT_LE(largestDifference(inRows, display()), 1);
+      }
+      EXPECT_TRUE(display() == drawnAfresh());
+    }
+}
+
+/// Notes which rows of pixels it is drawn in.
+class RowCounter : public CPTScatterPlot {
+ public:
+  std::vector<std::pair<int, int>> rows;
+
+ protected:
+  void drawSeries(CGContext& target, const CPTXYPlotSpace& plotSpace) override {
+    target.drawOnPixels(
+        [&](const CGPixels& pixels) { rows.emplace_back(pixels.clip.top, pixels.clip.bottom); });
+    CPTScatterPlot::drawSeries(target, plotSpace);
+  }
+};
+
+TEST_F(RedrawTest, RowsOfPlotsAreDrawnWhenTheyAreFirstShown) {
+  using testing::ElementsAre;
+  using testing::Pair;
+  const auto counter = std::make_shared<RowCounter>();
+  counter->setDataSource(&lowerSource);
+  graph->addPlot(counter);
+  context = CGBitmapContext::create(graph->bounds().size, 1);
+  const auto show = [&](double bottom, double top) {
+    graph->displayChart(*context, CGRect::make(0, bottom, 300, top - bottom));
+  };
+  show(100, 200);
+  EXPECT_THAT(counter->rows, ElementsAre(Pair(40, 100)));
+  show(100, 200);
+  EXPECT_THAT(counter->rows, testing::SizeIs(1));
+  show(60, 130);
+  EXPECT_THAT(counter->rows, ElementsAre(Pair(40, 100), Pair(100, 140)));
+  show(0, 200);
+  EXPECT_THAT(counter->rows, ElementsAre(Pair(40, 100), Pair(100, 140), Pair(140, 160)));
+  show(0, 200);
+  EXPECT_THAT(counter->rows, testing::SizeIs(3));
 }
 
 TEST_F(RedrawTest, APictureOfOneScaleIsNotShownAtAnother) {
