@@ -66,7 +66,7 @@ void ColorFigure::addSeries() {
       .labelRotation = 0.0f,
   });
   auto symbol = *series->plotSymbol();
-  const bool isOutlined = band_.times.size() <= kMostOutlined;
+  const bool isOutlined = theme() != PlotTheme::black && band_.times.size() <= kMostOutlined;
   symbol.setLineStyle(isOutlined ? std::optional(outline()) : std::nullopt);
   series->setPlotSymbol(symbol);
 }

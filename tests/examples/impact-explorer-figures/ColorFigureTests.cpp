@@ -54,6 +54,24 @@ TEST(ColorFigure, ColoursEveryRecord) {
   EXPECT_EQ(colors[2], PlotCT(PlotCT::gmtPanoply).getCPTColor(255));
 }
 
+TEST(ColorFigure, OutlinesSymbolsOnWhiteUnlessThereAreVeryMany) {
+  const auto isOutlined = [](PlotTheme theme, std::size_t rows) {
+    const auto view = std::make_shared<PlotView>(CGRect::make(0, 0, 400, 300));
+    const std::vector<double> numbers(rows, 1.5);
+    const Table table{{{"Day", numbers}, {"Charge", numbers}, {"Speed", numbers}}};
+    ColoredSeries series = coloredSeries(table, 0, std::nullopt, std::nullopt, "file.csv");
+    const auto figure =
+        makePlot<ColorFigure>(view, theme, std::move(series.band), std::move(series.coding));
+    const auto plot =
+        std::dynamic_pointer_cast<CPTScatterPlot>(figure->figureGraph()->allPlots().front());
+    return plot->plotSymbol()->lineStyle().has_value();
+  };
+  EXPECT_TRUE(isOutlined(PlotTheme::white, 30'000));
+  EXPECT_TRUE(isOutlined(PlotTheme::print, 3));
+  EXPECT_FALSE(isOutlined(PlotTheme::white, 30'001));
+  EXPECT_FALSE(isOutlined(PlotTheme::black, 3));
+}
+
 TEST(ColorFigure, StandsDataFarFromAnyCalendarAndViewsWithoutSize) {
   const Table far{{{"Day", {-1e300, kNaN, 1e300}}, {"a", {1, 2, kNaN}}, {"b", {-1e308, 0, 1e308}}}};
   for (const CGFloat side : {0.0, 3.0, 300.0}) {

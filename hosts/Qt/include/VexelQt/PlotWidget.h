@@ -25,8 +25,9 @@ namespace vexel {
 /// real ratio of the screen, which may be fractional and change at any time. A change of the
 /// widget's size reaches the views at once. What they have marked for display is drawn before the
 /// event loop next comes to rest, and nothing else is. What takes longer than a frame, such as
-/// millions of points, is drawn band by band with other events in between, from the top: until its
-/// turn comes a band shows what it did before, stretched if the widget has another size.
+/// millions of points, is drawn band by band with other events in between, from the top, and bands
+/// that take much longer in up to three pieces: until its turn comes a band or a piece shows what
+/// it did before, stretched if the widget has another size.
 ///
 /// Presses, releases and drags of the left and the right button, moves, the wheel, keys, and the
 /// pointer's coming and going become NSEvents of the window whose views these are: viewWindow().
