@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 namespace vexel {
 
@@ -22,36 +20,31 @@ constexpr std::uint32_t pixelOver(std::uint32_t above, std::uint32_t below) {
   return above + scaledPixel(below, 255u - (above >> 24));
 }
 
-/// Lays a row of pixels over another: the sum of `pixels`, of `color` by weights and of what is
-/// below by `rests`, both of which hold the same factor in all four bytes of a word. The two
-/// products are rounded as one.
-inline void weightedPixelsOver(const std::uint32_t* pixels, const std::uint32_t* weights,
-                               const std::uint32_t* rests, std::uint32_t color,
-                               std::uint32_t* below, int count) {
-  using Bytes = std::uint8_t __attribute__((vector_size(8)));
-  using Channels = std::uint16_t __attribute__((vector_size(16)));
-  const auto blend = [&](int i, std::size_t size) {
-    const auto load = [=](const std::uint32_t* words) {
-      Bytes bytes{};
-      std::memcpy(&bytes, words, size);
-      return bytes;
-    };
-    const auto channels = [](Bytes bytes) { return __builtin_convertvector(bytes, Channels); };
-    const std::uint32_t colors[] = {color, color};
-    Channels product = channels(load(colors)) * channels(load(weights + i)) +
-                       channels(load(below + i)) * channels(load(rests + i)) + 128;
-    product = (product + (product >> 8)) >> 8;
-    const Bytes sum = load(pixels + i) + __builtin_convertvector(product, Bytes);
-    std::memcpy(below + i, &sum, size);
-  };
-  int i = 0;
-  for (; i + 1 < count; i += 2) blend(i, 2 * sizeof color);
-  if (i < count) blend(i, sizeof color);
+/// `pixel`, plus `weight` 255ths of a premultiplied colour, over `rest` 255ths of a pixel below.
+/// The two products are rounded as one; pixel, weighted colour and rest add up to 255 at most.
+constexpr std::uint32_t weightedPixelOver(std::uint32_t pixel, std::uint32_t weight,
+                                          std::uint32_t rest, std::uint32_t color,
+                                          std::uint32_t below) {
+  std::uint32_t redBlue =
+      (color & 0x00ff00ffu) * weight + (below & 0x00ff00ffu) * rest + 0x00800080u;
+  redBlue = (redBlue + (redBlue >> 8 & 0x00ff00ffu)) >> 8 & 0x00ff00ffu;
+  std::uint32_t alphaGreen =
+      (color >> 8 & 0x00ff00ffu) * weight + (below >> 8 & 0x00ff00ffu) * rest + 0x00800080u;
+  alphaGreen = (alphaGreen + (alphaGreen >> 8 & 0x00ff00ffu)) & 0xff00ff00u;
+  return pixel + (redBlue | alphaGreen);
 }
 
-/// A row of premultiplied pixels laid over another.
-inline void pixelsOver(const std::uint32_t* above, std::uint32_t* below, int count) {
-  for (int i = 0; i < count; ++i) below[i] = pixelOver(above[i], below[i]);
-}
+/// What weightedPixelOver() needs of neighbouring pixels. At first they leave alone what is below.
+struct WeightedPixels {
+  static constexpr int kCount = 8;
+
+  std::uint32_t pixels[kCount] = {};
+  std::uint8_t weights[kCount] = {};
+  std::uint8_t rests[kCount] = {255, 255, 255, 255, 255, 255, 255, 255};
+
+  std::uint32_t over(int i, std::uint32_t color, std::uint32_t below) const {
+    return weightedPixelOver(pixels[i], weights[i], rests[i], color, below);
+  }
+};
 
 }  // namespace vexel

@@ -16,8 +16,6 @@ constexpr CGFloat kEdge = 1.0 / 512;
 
 // Neighbouring rows are near in memory.
 constexpr int kRowsAtOnce = 16;
-// Rows of equal length are drawn faster than shorter ones of different lengths.
-constexpr int kShortRow = 12;
 
 int roundedUp(CGFloat v) {
   return static_cast<int>(std::ceil(v - kEdge));
@@ -34,7 +32,8 @@ const Value* placed(const Value* values, const Shape& shape, int x, int y, int v
 
 }  // namespace
 
-PixelTarget::PixelTarget(const CairoCanvas& canvas) : surface_(canvas.surface()) {
+PixelTarget::PixelTarget(const CairoCanvas& canvas)
+    : surface_(canvas.surface()), layRows_(waysToLayStampRows().back()) {
   cairo_surface_flush(surface_);
   pixels_ = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface_));
   rowLength_ = cairo_image_surface_get_stride(surface_) / 4;
@@ -64,11 +63,6 @@ bool PixelTarget::canTake(const Shape& shape, int x, int y) const {
   if (part.isEmpty()) return true;
   return part.left >= whole_.left && part.right <= whole_.right && part.top >= whole_.top &&
          part.bottom <= whole_.bottom;
-}
-
-void PixelTarget::blend(const PixelRect& box, const std::uint32_t* pixels) {
-  for (int v = box.top; v < box.bottom; ++v, pixels += box.width())
-    pixelsOver(pixels, row(v) + box.left, box.width());
 }
 
 bool PixelTarget::fill(const PixelRect& box, std::uint32_t pixel) {
@@ -147,27 +141,23 @@ std::uint32_t* PixelTarget::row(int y) const {
 }
 
 bool PixelTarget::blend(const PixelStamp& stamp, int x, int y) {
-  if (!canTake(stamp.shape, x, y)) return false;
-  blend(stamp, x, y, touched_);
+  if (!canTake(stamp.mask, x, y)) return false;
+  const PixelRect part = visiblePart(stamp.mask, x, y);
+  constexpr int kRows = 32;
+  for (int top = part.top; top < part.bottom; top += kRows) {
+    const int bottom = std::min(top + kRows, part.bottom);
+    blend(stamp, x, y, {touched_.left, top, touched_.right, bottom}, ~0u >> (top + kRows - bottom));
+  }
   return true;
 }
 
-void PixelTarget::blend(const PixelStamp& stamp, int x, int y, const PixelRect& within) {
-  const StampShape& shape = stamp.shape;
-  const int left = shape.left + x;
-  const int top = shape.top + y;
-  const int end = std::min(top + shape.height, within.bottom);
-  for (int v = std::max(top, within.top); v < end; ++v) {
-    const StampShape::Span ink = shape.width <= kShortRow
-                                     ? StampShape::Span{0, shape.width}
-                                     : shape.ink[static_cast<std::size_t>(v - top)];
-    const int from = std::max(within.left, ink.from + left);
-    const int to = std::min(within.right, ink.to + left);
-    if (from < to)
-      weightedPixelsOver(
-          placed(stamp.pixels, shape, x, y, v) + from, placed(stamp.weights, shape, x, y, v) + from,
-          placed(stamp.rests, shape, x, y, v) + from, stamp.color, row(v) + from, to - from);
-  }
+void PixelTarget::blend(const PixelStamp& stamp, int x, int y, const PixelRect& band,
+                        std::uint32_t rows) {
+  const int left = x + stamp.mask.left;
+  layRows_(stamp,
+           {row(band.top) + left, rowLength_, band.top - y - stamp.mask.top, band.left - left,
+            band.right - left},
+           rows);
 }
 
 bool PixelTarget::blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y) {

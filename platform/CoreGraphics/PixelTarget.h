@@ -9,34 +9,9 @@
 #include <CoreGraphics/PixelBuffer.h>
 
 #include "CairoCanvas.h"
+#include "StampRows.h"
 
 namespace vexel {
-
-/// Where the pixels of a stamp lie around a place: `left` and `top` are those of the first one.
-struct StampShape {
-  /// The part of a row that has ink.
-  struct Span {
-    int from;
-    int to;
-  };
-
-  int left = 0;
-  int top = 0;
-  int width = 0;
-  int height = 0;
-  std::vector<Span> ink;  // of each row
-};
-
-/// A shape, lent row by row: the sum of premultiplied pixels and of a premultiplied colour, of
-/// which each pixel takes `weights` 255ths (the same number in all four bytes of a word). `rests`
-/// are what they leave to the pixels below, in the same form.
-struct PixelStamp {
-  const StampShape& shape;
-  const std::uint32_t* pixels;
-  const std::uint32_t* weights;
-  const std::uint32_t* rests;
-  std::uint32_t color;
-};
 
 /// How much a shape covers of each pixel around a place, 0 to 255.
 struct CoverageMask {
@@ -61,11 +36,9 @@ class PixelTarget {
   bool blend(const PixelStamp& stamp, int x, int y);
   bool blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y);
 
-  /// Lays the part of a stamp that is inside a box over the pixels. The box is inside clip().
-  void blend(const PixelStamp& stamp, int x, int y, const PixelRect& within);
-
-  /// Lays premultiplied pixels over a box in device coordinates, inside clip().
-  void blend(const PixelRect& box, const std::uint32_t* pixels);
+  /// Lays the part of a stamp that is inside a band, which is inside clip(), over the pixels: those
+  /// of its rows whose bits are set, the lowest for the uppermost.
+  void blend(const PixelStamp& stamp, int x, int y, const PixelRect& band, std::uint32_t rows);
 
   /// Sets the pixels of a box to one value. False, and nothing is drawn, when the clip leaves only
   /// a part of some pixels.
@@ -98,6 +71,7 @@ class PixelTarget {
   std::uint32_t* row(int y) const;
 
   cairo_surface_t* surface_;
+  LayStampRows* layRows_;
   std::uint32_t* pixels_;
   std::ptrdiff_t rowLength_;
   int left_, top_;

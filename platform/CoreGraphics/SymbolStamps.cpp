@@ -23,6 +23,9 @@ constexpr int kRoom = 2;
 // Of path and pen. A symbol that may reach farther is not even tried.
 constexpr CGFloat kMaximumReach = 256;
 
+constexpr int kGroup = WeightedPixels::kCount;
+constexpr int kBlock = StampMask::Block::kSide;
+
 std::size_t pixelIndex(int x, int y, int side) {
   return static_cast<std::size_t>(y) * static_cast<std::size_t>(side) + static_cast<std::size_t>(x);
 }
@@ -36,38 +39,43 @@ using Coverage = std::vector<std::uint8_t>;
 
 // Of the smallest rectangle around the ink; `fill` and `stroke` are empty when there is none.
 struct PhaseMasks {
-  StampShape shape;
   Coverage fill;
   Coverage stroke;
 
   // The stroke in a colour, which most symbols of a series share, the weights of their fills below
   // it, and what both leave to the pixels below. Without a fill the weights are those of the
   // stroke.
+  StampMask mask;
   std::uint32_t strokePixel = 0;
   std::uint32_t weightedAlpha = 0;
-  std::vector<std::uint32_t> pixels;
-  std::vector<std::uint32_t> weights;
-  std::vector<std::uint32_t> rests;
+  bool isColored = false;
 
   void color(std::uint32_t stroked, std::uint32_t weighted) {
     const std::uint32_t alpha = weighted >> 24;
     const bool isStroked = !fill.empty() && !stroke.empty();
-    if (!weights.empty() && alpha == weightedAlpha && (stroked == strokePixel || !isStroked))
-      return;
-    const Coverage& covered = fill.empty() ? stroke : fill;
-    // Memory may end here, and then nothing has changed.
-    for (auto* const words : {&pixels, &weights, &rests}) words->reserve(covered.size());
+    if (isColored && alpha == weightedAlpha && (stroked == strokePixel || !isStroked)) return;
     strokePixel = stroked;
     weightedAlpha = alpha;
-    pixels.assign(covered.size(), 0);
-    weights.clear();
-    rests.clear();
-    for (std::size_t i = 0; i < covered.size(); ++i) {
-      if (isStroked) pixels[i] = scaledPixel(stroked, stroke[i]);
-      const std::uint32_t uncovered = 255u - (pixels[i] >> 24);
-      weights.push_back(scaledPixel(covered[i] * 0x01010101u, uncovered));
-      const std::uint32_t rest = uncovered - (scaledPixel(weights[i], alpha) & 255u);
-      rests.push_back(rest * 0x01010101u);
+    isColored = true;
+    std::ranges::fill(mask.blocks, StampMask::Block());
+    const Coverage& covered = fill.empty() ? stroke : fill;
+    for (int y = 0; y < mask.height; ++y) {
+      for (int x = 0; x < mask.width; ++x) {
+        const std::size_t i = pixelIndex(x, y, mask.width);
+        WeightedPixels& group = mask.groups[pixelIndex(x / kGroup, y, mask.groupsInRow)];
+        const int place = x % kGroup;
+        const std::uint32_t pixel = isStroked ? scaledPixel(stroked, stroke[i]) : 0;
+        const std::uint32_t uncovered = 255u - (pixel >> 24);
+        const std::uint32_t weight = scaledPixel(covered[i], uncovered);
+        const std::uint32_t rest = uncovered - scaledPixel(weight, alpha);
+        group.pixels[place] = pixel;
+        group.weights[place] = static_cast<std::uint8_t>(weight);
+        group.rests[place] = static_cast<std::uint8_t>(rest);
+        StampMask::Block& block = mask.blocks[pixelIndex(x / kBlock, y / kBlock, mask.groupsInRow)];
+        const std::uint64_t bit = std::uint64_t{1} << (y % kBlock * kBlock + x % kBlock);
+        if (covered[i] > 0 || pixel != 0) block.ink |= bit;
+        if (rest == 0) block.opaque |= bit;
+      }
     }
   }
 };
@@ -107,8 +115,8 @@ struct SymbolStamps::Shape {
   // Makes the square no larger than the ink, which most miters leave far from the reach of the
   // pen.
   void fitToInk() {
-    const StampShape& ink = at(0, 0).shape;
-    const int farthest = ink.ink.empty() ? 0
+    const StampMask& ink = at(0, 0).mask;
+    const int farthest = ink.height == 0 ? 0
                                          : std::max({-ink.left, ink.left + ink.width - 1, -ink.top,
                                                      ink.top + ink.height - 1, 0});
     side = std::min(side, 2 * (farthest + kRoom));
@@ -121,37 +129,31 @@ struct SymbolStamps::Shape {
       const std::size_t i = pixelIndex(x, y, side);
       return (!all.fill.empty() && all.fill[i] > 0) || (!all.stroke.empty() && all.stroke[i] > 0);
     };
-    std::vector<StampShape::Span> rows;
     int left = side, right = 0, top = side, bottom = 0;
-    for (int y = 0; y < side; ++y) {
-      StampShape::Span row{side, 0};
-      for (int x = 0; x < side; ++x)
-        if (isInked(x, y)) row = {std::min(row.from, x), x + 1};
-      rows.push_back(row);
-      if (row.from >= row.to) continue;
-      left = std::min(left, row.from);
-      right = std::max(right, row.to);
-      top = std::min(top, y);
-      bottom = y + 1;
-    }
-    // Pixels are blended in pairs. There is room on both sides of the ink.
-    if (left < right && (right - left) % 2 == 1) right < side ? ++right : --left;
-    const int middle = side / 2;
-    all.shape = {
-        left - middle, top - middle, std::max(right - left, 0), std::max(bottom - top, 0), {}};
-    for (int y = top; y < bottom; ++y) {
-      const StampShape::Span& row = rows[static_cast<std::size_t>(y)];
-      all.shape.ink.push_back(row.from < row.to ? StampShape::Span{row.from - left, row.to - left}
-                                                : StampShape::Span{0, 0});
-    }
-    for (Coverage* const mask : {&all.fill, &all.stroke}) {
-      if (mask->empty()) continue;
+    for (int y = 0; y < side; ++y)
+      for (int x = 0; x < side; ++x) {
+        if (!isInked(x, y)) continue;
+        left = std::min(left, x);
+        right = std::max(right, x + 1);
+        top = std::min(top, y);
+        bottom = y + 1;
+      }
+    StampMask& mask = all.mask;
+    mask.left = left - side / 2;
+    mask.top = top - side / 2;
+    mask.width = std::max(right - left, 0);
+    mask.height = std::max(bottom - top, 0);
+    mask.groupsInRow = (mask.width + kGroup - 1) / kGroup;
+    mask.groups.resize(pixelIndex(0, mask.height, mask.groupsInRow));
+    mask.blocks.resize(pixelIndex(0, (mask.height + kBlock - 1) / kBlock, mask.groupsInRow));
+    for (Coverage* const part : {&all.fill, &all.stroke}) {
+      if (part->empty()) continue;
       Coverage cut;
       for (int y = top; y < bottom; ++y) {
-        const auto row = mask->begin() + static_cast<std::ptrdiff_t>(pixelIndex(0, y, side));
+        const auto row = part->begin() + static_cast<std::ptrdiff_t>(pixelIndex(0, y, side));
         cut.insert(cut.end(), row + left, row + right);
       }
-      *mask = std::move(cut);
+      *part = std::move(cut);
     }
   }
 
@@ -235,25 +237,18 @@ std::unique_ptr<SymbolStamps> SymbolStamps::create(const SymbolLook& look,
 
 SymbolStamps::SymbolStamps(std::shared_ptr<Shape> shape, const SymbolLook& look)
     : shape_(std::move(shape)),
-      fillPixel_(look.fillColor ? premultipliedPixel(*look.fillColor) : 0),
-      strokePixel_(look.strokeStyle ? premultipliedPixel(look.strokeStyle->color) : 0) {}
+      strokePixel_(look.strokeStyle ? premultipliedPixel(look.strokeStyle->color) : 0),
+      weightedPixel_(look.fillColor ? premultipliedPixel(*look.fillColor) : strokePixel_) {}
 
-int SymbolStamps::reach() const {
-  return shape_->side / 2;
+bool SymbolStamps::hasMasksOf(const SymbolStamps& other) const {
+  return shape_ == other.shape_ && strokePixel_ == other.strokePixel_ &&
+         weightedPixel_ >> 24 == other.weightedPixel_ >> 24;
 }
 
-bool SymbolStamps::isOpaque() const {
-  const auto covers = [](bool isThere, std::uint32_t pixel) {
-    return !isThere || pixel >> 24 == 255;
-  };
-  return covers(shape_->isFilled, fillPixel_) && covers(shape_->isStroked, strokePixel_);
-}
-
-PixelStamp SymbolStamps::stamp(int phaseX, int phaseY) {
+const StampMask& SymbolStamps::mask(int phaseX, int phaseY) {
   PhaseMasks& masks = shape_->at(phaseX, phaseY);
-  const std::uint32_t weighted = shape_->isFilled ? fillPixel_ : strokePixel_;
-  masks.color(strokePixel_, weighted);
-  return {masks.shape, masks.pixels.data(), masks.weights.data(), masks.rests.data(), weighted};
+  masks.color(strokePixel_, weightedPixel_);
+  return masks.mask;
 }
 
 }  // namespace vexel

@@ -9,7 +9,7 @@
 #include <CoreGraphics/CGPath.h>
 #include <CoreGraphics/CGStrokeStyle.h>
 
-#include "PixelTarget.h"
+#include "PixelStamp.h"
 
 namespace vexel {
 
@@ -34,15 +34,18 @@ class SymbolStamps {
   static std::unique_ptr<SymbolStamps> create(const SymbolLook& look,
                                               const CGAffineTransform& toDevice);
 
-  /// Whether the look covers what is below it wherever it has full coverage.
-  bool isOpaque() const;
+  /// Whether all masks are those of another look.
+  bool hasMasksOf(const SymbolStamps& other) const;
 
-  /// The stamp for a centre `phaseX` eighths to the right and `phaseY` eighths below the corner
-  /// of its pixel.
-  PixelStamp stamp(int phaseX, int phaseY);
+  /// Whether some pixels may hide what is below them.
+  bool canHide() const { return strokePixel_ >> 24 == 255 || weightedPixel_ >> 24 == 255; }
 
-  /// How far stamps reach from the pixel of their centre, at most.
-  int reach() const;
+  /// The mask for a centre `phaseX` eighths to the right and `phaseY` eighths below the corner of
+  /// its pixel. It changes when another look of the same shape is asked for its mask.
+  const StampMask& mask(int phaseX, int phaseY);
+
+  /// The premultiplied colour that masks weight.
+  std::uint32_t color() const { return weightedPixel_; }
 
  private:
   struct Shape;
@@ -50,8 +53,8 @@ class SymbolStamps {
   SymbolStamps(std::shared_ptr<Shape> shape, const SymbolLook& look);
 
   std::shared_ptr<Shape> shape_;
-  std::uint32_t fillPixel_;
   std::uint32_t strokePixel_;
+  std::uint32_t weightedPixel_;  // of the fill, or of the stroke where there is none
 };
 
 }  // namespace vexel

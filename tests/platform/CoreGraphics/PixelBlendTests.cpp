@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <vector>
 
 #include "Bitmaps.h"
 
@@ -39,32 +38,31 @@ TEST(PixelBlend, PremultipliesAndBoundsColours) {
   EXPECT_EQ(premultipliedPixel(CGColor::genericRGB(1, 0.5, 0, 0.5)), 0x80804000u);
 }
 
-TEST(PixelBlend, LaysRowsOverOthersPixelByPixelAndRoundsOnce) {
+TEST(PixelBlend, RoundsTheSumOfTwoProductsOnce) {
   std::mt19937 random(1);
   const auto word = [&] { return static_cast<std::uint32_t>(random()); };
   const auto byte = [&] { return word() & 255u; };
-  for (int count = 0; count < 40; ++count) {
+  for (int i = 0; i < 10000; ++i) {
+    const std::uint32_t covered = byte();
     const std::uint32_t alpha = byte();
-    const std::uint32_t color = alpha << 24 | scaledPixel(word() & 0xffffffu, alpha);
-    std::vector<std::uint32_t> pixels, weights, rests, below, expected;
-    for (int i = 0; i < count; ++i) {
-      const std::uint32_t covered = byte();
-      const std::uint32_t weight = scaledPixel(byte(), 255 - covered);
-      const std::uint32_t rest = 255 - covered - scaledPixel(weight, alpha);
-      pixels.push_back(scaledPixel(0xff000000u | word(), covered));
-      weights.push_back(weight * 0x01010101u);
-      rests.push_back(rest * 0x01010101u);
-      below.push_back(scaledPixel(0xff000000u | word(), byte()));
-      expected.push_back(pixels.back());
-      for (int shift = 0; shift < 32; shift += 8) {
-        const std::uint32_t products =
-            (color >> shift & 255u) * weight + (below.back() >> shift & 255u) * rest;
-        expected.back() += (2 * products + 255) / 510 << shift;
-      }
+    const std::uint32_t pixel = scaledPixel(0xff000000u | word(), covered);
+    const std::uint32_t color = scaledPixel(0xff000000u | word(), alpha);
+    const std::uint32_t below = scaledPixel(0xff000000u | word(), byte());
+    const std::uint32_t weight = scaledPixel(byte(), 255 - covered);
+    const std::uint32_t rest = 255 - covered - scaledPixel(weight, alpha);
+    std::uint32_t expected = pixel;
+    for (int shift = 0; shift < 32; shift += 8) {
+      const std::uint32_t products =
+          (color >> shift & 255u) * weight + (below >> shift & 255u) * rest;
+      expected += (2 * products + 255) / 510 << shift;
     }
-    weightedPixelsOver(pixels.data(), weights.data(), rests.data(), color, below.data(), count);
-    EXPECT_EQ(below, expected);
+    ASSERT_EQ(weightedPixelOver(pixel, weight, rest, color, below), expected);
   }
+}
+
+TEST(PixelBlend, LeavesAloneWhatIsBelowNoWeight) {
+  for (std::uint32_t below = 0; below < 256; ++below)
+    ASSERT_EQ(WeightedPixels().over(0, kRedPixel, below * 0x01010101u), below * 0x01010101u);
 }
 
 }  // namespace

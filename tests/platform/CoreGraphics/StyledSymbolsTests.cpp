@@ -101,44 +101,77 @@ TEST(StyledSymbols, LookLikeThatWhenThereAreManyStyles) {
              randomSymbols(styles, 400, 100));
 }
 
-/// Draws so many symbols at once that they are drawn from front to back, and in parts that are
-/// not. The largest difference.
-int differenceOfMany(CGBitmapContext& atOnce, CGBitmapContext& inParts,
-                     std::vector<CGSymbolStyle> styles, double size) {
-  constexpr std::size_t kPart = 50000;
-  const Symbols symbols = randomSymbols(std::move(styles), 5 * kPart, size);
-  const CGPath circle = ellipsePath(-3, -3, 6, 6);
-  atOnce.drawStyledSymbols(circle, symbols.styles, symbols.styleOfCenter, symbols.centers);
-  for (std::size_t first = 0; first < symbols.centers.size(); first += kPart)
-    inParts.drawStyledSymbols(circle, symbols.styles,
+/// Draws so many symbols that most are hidden by others, and the same in parts in which few are.
+/// Expects the same.
+void expectSameOfMany(CGBitmapContext& atOnce, CGBitmapContext& inParts, const CGPath& symbol,
+                      std::vector<CGSymbolStyle> styles, double size, std::size_t count,
+                      const char* what) {
+  constexpr std::size_t kPart = 10;
+  Symbols symbols = randomSymbols(std::move(styles), static_cast<int>(count), size);
+  // A heap that others lie around, and places that are none.
+  for (std::size_t i = 0; i < count; i += 5) symbols.centers[i] = {size / 2, size / 2};
+  for (std::size_t i = 1; i < count; i += 100)
+    symbols.centers[i].y = i % 200 == 1 ? kNaN : kInfinity;
+  atOnce.drawStyledSymbols(symbol, symbols.styles, symbols.styleOfCenter, symbols.centers);
+  for (std::size_t first = 0; first < count; first += kPart)
+    inParts.drawStyledSymbols(symbol, symbols.styles,
                               std::span(symbols.styleOfCenter).subspan(first, kPart),
                               std::span(symbols.centers).subspan(first, kPart));
-  return maximumDifference(atOnce, inParts);
+  EXPECT_GT(inkedPixels(atOnce), 100) << what;
+  EXPECT_EQ(maximumDifference(atOnce, inParts), 0) << what;
 }
 
 TEST(StyledSymbols, HideEachOtherInTheOrderOfTheirCentresHoweverMany) {
-  const std::vector<CGSymbolStyle> opaque = {
-      {&kRed, &kThin}, {&kBlue, &kThin}, {&kRed, nullptr}, {nullptr, &kThin}};
-  // Rounding once per layer adds up at edges that many others lie below.
-  const auto size = {37.0, 150.0, 900.0};
-  for (const double side : size)
-    EXPECT_LE(differenceOfMany(*whiteBitmap(side, side, 1.5), *whiteBitmap(side, side, 1.5), opaque,
-                               side),
-              4);
+  const CGStrokeStyle broad{.color = CGColor::genericRGB(0, 0.6, 0), .width = 3};
+  struct Case {
+    const char* what;
+    std::vector<CGSymbolStyle> styles;
+    CGPath symbol;
+    double size;
+    std::size_t count;
+  };
+  const CGPath circle = ellipsePath(-3, -3, 6, 6);
+  const Case cases[] = {
+      {"alike but for their fill", {{&kRed, &kThin}, {&kBlue, &kThin}}, circle, 150, 50000},
+      {"without outline", {{&kRed, nullptr}, {&kBlue, nullptr}}, circle, 150, 50000},
+      {"outlines", {{nullptr, &kThin}, {nullptr, &broad}}, circle, 60, 20000},
+      {"of several styles",
+       {{&kRed, &kThin}, {&kBlue, &broad}, {&kRed, nullptr}, {nullptr, &kThin}},
+       circle,
+       60,
+       20000},
+      {"translucent", {{&kFaint, nullptr}}, circle, 60, 20000},
+      {"with translucent fills", {{&kFaint, &kThin}}, circle, 60, 20000},
+      {"with translucent outlines", {{&kRed, &kBroad}}, circle, 60, 20000},
+      {"opaque and translucent", fewStyles(), circle, 60, 20000},
+      {"far apart", {{&kRed, &kThin}}, circle, 900, 1000},
+      {"tiny", {{&kRed, nullptr}, {&kBlue, nullptr}}, rectPath(-0.2, -0.2, 0.4, 0.4), 40, 100000},
+      {"of one pixel",
+       {{&kRed, nullptr}, {&kBlue, nullptr}},
+       rectPath(-0.5, -0.5, 1, 1),
+       40,
+       50000},
+      {"a slanted line", {{nullptr, &kThin}}, linePath({-9, -5}, {9, 5}), 40, 20000},
+      {"across several bands", {{&kRed, &kThin}}, ellipsePath(-17, -17, 34, 34), 200, 5000},
+      {"with the widest stamps", {{&kRed, &kThin}}, ellipsePath(-19, -19, 38, 38), 200, 5000},
+      {"larger than stamps", {{&kRed, &kThin}}, ellipsePath(-22, -22, 44, 44), 100, 200},
+  };
+  for (const Case& c : cases)
+    expectSameOfMany(*whiteBitmap(c.size, c.size, 1.5), *whiteBitmap(c.size, c.size, 1.5), c.symbol,
+                     c.styles, c.size, c.count, c.what);
 }
 
 TEST(StyledSymbols, HideEachOtherInsideTheClipOnly) {
-  const auto clipped = [] {
+  const auto clipped = [](const CGRect& clip) {
     auto bitmap = whiteBitmap(200, 200);
     bitmap->translate(10, 10);
-    bitmap->clip(CGRect::make(20, 30, 101, 77));
+    bitmap->clip(clip);
     return bitmap;
   };
-  EXPECT_LE(differenceOfMany(*clipped(), *clipped(), {{&kRed, &kThin}, {&kBlue, nullptr}}, 180), 4);
-}
-
-TEST(StyledSymbols, LetOthersShineThroughHoweverMany) {
-  EXPECT_EQ(differenceOfMany(*whiteBitmap(80, 80), *whiteBitmap(80, 80), fewStyles(), 80), 0);
+  for (const CGRect& clip : {CGRect::make(20, 30, 101, 77), CGRect::make(20.3, 30.4, 101, 77),
+                             CGRect::make(-50, -50, 53, 53)})
+    expectSameOfMany(*clipped(clip), *clipped(clip), ellipsePath(-3, -3, 6, 6),
+                     {{&kRed, &kThin}, {&kBlue, nullptr}}, 180, 100000, "clipped");
 }
 
 TEST(BitmapSymbols, HideEachOtherHoweverMany) {
