@@ -151,6 +151,20 @@ void reportMissingFonts() {
         [] { return "PangoText.layout: fontconfig knows no fonts, so text is drawn as boxes"; });
 }
 
+/// Pango leaves these offsets of runs that have no font as they were in memory.
+void clearOffsetsWithoutFont(PangoLayout* layout) {
+  bool hasCleared = false;
+  for (const GSList* line = pango_layout_get_lines_readonly(layout); line; line = line->next)
+    for (const GSList* r = static_cast<PangoLayoutLine*>(line->data)->runs; r; r = r->next) {
+      auto* const run = static_cast<PangoLayoutRun*>(r->data);
+      if (run->item->analysis.font) continue;
+      run->y_offset = run->start_x_offset = run->end_x_offset = 0;
+      hasCleared = true;
+    }
+  // Pango forgets what it has measured when it lends lines to be changed.
+  if (hasCleared) pango_layout_get_lines(layout);
+}
+
 CGFloat points(int units) {
   return static_cast<CGFloat>(units) / PANGO_SCALE;
 }
@@ -264,6 +278,7 @@ PangoText::PangoText(const CGText& text) {
   pango_layout_set_font_description(layout_.get(), styled.lastFont());
   pango_layout_set_attributes(layout_.get(), styled.attributes());
   pango_layout_set_alignment(layout_.get(), alignment(text.alignment));
+  clearOffsetsWithoutFont(layout_.get());
   PangoRectangle logical;
   pango_layout_get_extents(layout_.get(), nullptr, &logical);
   size_ = {points(logical.width), points(logical.height)};

@@ -3,6 +3,7 @@
 #include <CoreGraphics/CGDocumentContext.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -40,6 +41,8 @@ class MissingFonts : public testing::Test {
         << "<fontconfig><dir>" << (folder / "empty").string() << "</dir><cachedir>"
         << (folder / "cache").string() << "</cachedir></fontconfig>";
     ::setenv("FONTCONFIG_FILE", (folder / "fonts.conf").c_str(), 1);
+    // The text library leaves some of its memory as it was.
+    ::mallopt(M_PERTURB, 0x41);
   }
   MissingFonts() { DDLog::sharedInstance().addLogger(log); }
   ~MissingFonts() override { DDLog::sharedInstance().removeLogger(log); }
