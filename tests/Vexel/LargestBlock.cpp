@@ -24,6 +24,15 @@ void* operator new(std::size_t size) {
   throw std::bad_alloc();
 }
 
+// Replaced, too: the address sanitizer's own would not go with the operators below.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  try {
+    return operator new(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
 void operator delete(void* block) noexcept {
   std::free(block);
 }
