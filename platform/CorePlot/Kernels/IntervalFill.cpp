@@ -1,6 +1,7 @@
 #include "IntervalFill.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 #include <vector>
@@ -10,11 +11,12 @@ namespace vexel {
 namespace {
 
 constexpr int kTileWidth = 16;
+constexpr int kGroup = 4;          // columns that are blended at once
 constexpr int kUnitsPerRow = 256;  // of y
 constexpr int kFullCoverage = 256;
 
-/// Four columns of full coverage.
-constexpr std::uint64_t kFullWord = 0x0100010001000100;
+/// A group of full coverage.
+constexpr std::uint64_t kFullGroup = 0x0100010001000100;
 
 using Channels = std::uint16_t __attribute__((vector_size(16)));  // of two pixels
 using Bytes = std::uint8_t __attribute__((vector_size(8)));
@@ -34,6 +36,23 @@ void storePair(std::uint32_t* pixels, Channels channels) {
 Channels dividedBy255(Channels product) {
   product += 128;
   return (product + (product >> 8)) >> 8;
+}
+
+/// Lays `weights` 256ths of a colour over two pixels.
+void blendPair(std::uint32_t* pixels, Channels color, Channels weights) {
+  const Channels source = (color * weights + kFullCoverage / 2) >> 8;
+  const Channels alphas = __builtin_shufflevector(source, source, 3, 3, 3, 3, 7, 7, 7, 7);
+  storePair(pixels, source + dividedBy255(loadPair(pixels) * (255 - alphas)));
+}
+
+void blendGroup(std::uint32_t* pixels, Channels color, std::uint64_t coverage) {
+  using Words = std::uint64_t __attribute__((vector_size(16)));
+  using Pairs = std::uint32_t __attribute__((vector_size(16)));
+  const auto c = reinterpret_cast<Channels>(Words{coverage, 0});
+  const auto twice = reinterpret_cast<Pairs>(__builtin_shufflevector(c, c, 0, 0, 1, 1, 2, 2, 3, 3));
+  const auto weights = [](Pairs pairs) { return reinterpret_cast<Channels>(pairs); };
+  blendPair(pixels, color, weights(__builtin_shufflevector(twice, twice, 0, 0, 1, 1)));
+  blendPair(pixels + 2, color, weights(__builtin_shufflevector(twice, twice, 2, 2, 3, 3)));
 }
 
 /// Collects intervals of kTileWidth columns and blends them at once.
@@ -89,34 +108,27 @@ class TileFill {
   }
 
   void blendRow(std::uint32_t* pixels, const Tile& sum, int columns) const {
-    const Tile coverage = (sum + half_) >> shift_;
-    std::uint64_t words[sizeof(Tile) / 8];
-    std::memcpy(words, &coverage, sizeof words);
-    if ((words[0] | words[1] | words[2] | words[3]) == 0) return;
-    if (isOpaque_ && (words[0] & words[1] & words[2] & words[3]) == kFullWord) {
-      std::fill_n(pixels, columns, color_);
-      return;
+    const Tile shares = (sum + half_) >> shift_;
+    std::array<std::uint64_t, kTileWidth / kGroup> coverage;
+    std::memcpy(coverage.data(), &shares, sizeof shares);
+    int column = 0;
+    for (const std::uint64_t group : coverage) {
+      if (group != 0) blend(pixels + column, group, std::min(kGroup, columns - column));
+      column += kGroup;
     }
-    if (columns == kTileWidth) {
-      blendPixels(pixels, coverage);
-      return;
-    }
-    std::uint32_t copy[kTileWidth] = {};
-    std::copy_n(pixels, columns, copy);
-    blendPixels(copy, coverage);
-    std::copy_n(copy, columns, pixels);
   }
 
-  void blendPixels(std::uint32_t* pixels, const Tile& coverage) const {
-    for (int i = 0; i < kTileWidth; i += 2) {
-      const auto a = static_cast<std::uint16_t>(coverage[i]);
-      const auto b = static_cast<std::uint16_t>(coverage[i + 1]);
-      if ((a | b) == 0) continue;
-      const Channels weights = {a, a, a, a, b, b, b, b};
-      const Channels source = (channels_ * weights + kFullCoverage / 2) >> 8;
-      const Channels alphas = {source[3], source[3], source[3], source[3],
-                               source[7], source[7], source[7], source[7]};
-      storePair(pixels + i, source + dividedBy255(loadPair(pixels + i) * (255 - alphas)));
+  /// The last columns of a group may be outside.
+  void blend(std::uint32_t* pixels, std::uint64_t coverage, int columns) const {
+    if (isOpaque_ && coverage == kFullGroup) {
+      std::fill_n(pixels, kGroup, color_);
+    } else if (columns == kGroup) {
+      blendGroup(pixels, channels_, coverage);
+    } else {
+      std::uint32_t copy[kGroup] = {};
+      for (int i = 0; i < columns; ++i) copy[i] = pixels[i];
+      blendGroup(copy, channels_, coverage);
+      for (int i = 0; i < columns; ++i) pixels[i] = copy[i];
     }
   }
 
