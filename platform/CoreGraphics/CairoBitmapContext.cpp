@@ -71,10 +71,7 @@ std::string CairoBitmapContext::pngData() {
 
 void CairoBitmapContext::fillAligned(const CGRect& rect, const CGColor& color) {
   // Backgrounds: Cairo takes several times as long to fill a window.
-  const auto pixels = canvas_.alignedPixels(rect);
-  const bool isPlain = pixels && color.alpha() >= 1 && canvas_.clipIsRectangle();
-  if (!isPlain || !PixelTarget(canvas_).fill(*pixels, premultipliedPixel(color)))
-    canvas_.fillAligned(rect, color);
+  if (!canvas_.fillPlain(rect, color)) canvas_.fillAligned(rect, color);
 }
 
 void CairoBitmapContext::drawText(const CGText& text, CGPoint origin) {

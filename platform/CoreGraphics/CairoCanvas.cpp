@@ -1,6 +1,7 @@
 #include "CairoCanvas.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "ParallelLines.h"
 #include "PenReach.h"
 #include "PixelAlignment.h"
+#include "PixelTarget.h"
 #include "TransformFacts.h"
 
 namespace vexel {
@@ -39,6 +41,22 @@ constexpr CGFloat kRoundingError = 1e-4;
 CGRect outwardToPixels(const CGRect& rect) {
   const CGFloat left = std::floor(rect.minX()), low = std::floor(rect.minY());
   return CGRect::make(left, low, std::ceil(rect.maxX()) - left, std::ceil(rect.maxY()) - low);
+}
+
+PixelRect pixelRect(const CGRect& whole) {
+  const auto pixels = [](CGFloat edge) { return static_cast<int>(std::lround(edge)); };
+  return {pixels(whole.minX()), pixels(whole.minY()), pixels(whole.maxX()), pixels(whole.maxY())};
+}
+
+/// What `hole` leaves of a box.
+std::array<PixelRect, 4> partsOutside(const PixelRect& box, const PixelRect& hole) {
+  const int left = std::clamp(hole.left, box.left, box.right);
+  const int right = std::clamp(hole.right, left, box.right);
+  const int top = std::clamp(hole.top, box.top, box.bottom);
+  const int bottom = std::clamp(hole.bottom, top, box.bottom);
+  return {PixelRect{box.left, box.top, box.right, top}, PixelRect{box.left, top, left, bottom},
+          PixelRect{right, top, box.right, bottom},
+          PixelRect{box.left, bottom, box.right, box.bottom}};
 }
 
 cairo_matrix_t cairoMatrix(const CGAffineTransform& t) {
@@ -168,13 +186,28 @@ void CairoCanvas::fillAligned(const CGRect& rect, const CGColor& color) {
   cairo_fill(cairo_.get());
 }
 
-std::optional<PixelRect> CairoCanvas::alignedPixels(const CGRect& rect) const {
-  if (!isDrawable() || kind_ != Surface::pixels || !isAxisAligned()) return std::nullopt;
-  const CGRect pixels =
-      toPixelEdges(transformed(rect, state_.transform)).intersection(state_.clipBox);
-  const auto whole = [](CGFloat edge) { return static_cast<int>(std::lround(edge)); };
-  return PixelRect{whole(pixels.minX()), whole(pixels.minY()), whole(pixels.maxX()),
-                   whole(pixels.maxY())};
+bool CairoCanvas::fillPlain(const CGRect& rect, const CGColor& color) {
+  if (!isDrawable() || !isAxisAligned() || !state_.clipIsRectangle || color.alpha() < 1)
+    return false;
+  const PixelRect box =
+      pixelRect(toPixelEdges(transformed(rect, state_.transform)).intersection(state_.clipBox));
+  if (box.isEmpty()) return true;
+  if (const auto below = std::exchange(plainFill_, std::nullopt))
+    for (const PixelRect& part : partsOutside(below->box, box))
+      PixelTarget(*this).fill(part, below->pixel);
+  plainFill_ = PlainFill{box, premultipliedPixel(color)};
+  isOpaque_ = isOpaque_ || box == pixelRect(visible_);
+  return true;
+}
+
+void CairoCanvas::finishFill() const {
+  if (const auto fill = std::exchange(plainFill_, std::nullopt))
+    PixelTarget(*this).fill(fill->box, fill->pixel);
+}
+
+cairo_surface_t* CairoCanvas::surface() const {
+  finishFill();
+  return surface_.get();
 }
 
 void CairoCanvas::drawImage(const CGImage& image, const CGRect& rect) {
@@ -269,6 +302,7 @@ void CairoCanvas::drawSymbols(const CGPath& symbol, const CGColor* fillColor,
 
 void CairoCanvas::drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy) {
   if (!isDrawable()) return;
+  finishFill();
   cairo_identity_matrix(cairo_.get());
   cairo_set_source_surface(cairo_.get(), source, dx, dy);
   cairo_pattern_set_filter(cairo_get_source(cairo_.get()), CAIRO_FILTER_NEAREST);
@@ -290,6 +324,7 @@ cairo_status_t CairoCanvas::finish() {
 }
 
 void CairoCanvas::setPath(const CGPath& devicePath) {
+  finishFill();
   cairo_t* cr = cairo_.get();
   cairo_identity_matrix(cr);
   cairo_new_path(cr);
@@ -318,6 +353,7 @@ void CairoCanvas::setColor(const CGColor& color) {
 }
 
 void CairoCanvas::setMatrix(const CGAffineTransform& transform) {
+  finishFill();
   const cairo_matrix_t matrix = cairoMatrix(transform);
   cairo_set_matrix(cairo_.get(), &matrix);
 }

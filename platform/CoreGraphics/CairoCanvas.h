@@ -2,6 +2,7 @@
 
 #include <cairo.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
@@ -36,8 +37,9 @@ class CairoCanvas {
   void stroke(const CGPath& path, const CGStrokeStyle& style);
   void fill(const CGPath& path, const CGColor& color);
   void fillAligned(const CGRect& rect, const CGColor& color);
-  /// The pixels that fillAligned() fills; absent when it does not fill whole ones.
-  std::optional<PixelRect> alignedPixels(const CGRect& rect) const;
+  /// The same for opaque colours on 32-bit pixels, without Cairo. False, and nothing is drawn,
+  /// where Cairo is needed.
+  bool fillPlain(const CGRect& rect, const CGColor& color);
   void drawImage(const CGImage& image, const CGRect& rect);
   void drawText(const CGText& text, CGPoint origin);
 
@@ -51,7 +53,8 @@ class CairoCanvas {
   /// Fills the outline of one glyph whose origin `toDevice` maps from (0, 0).
   void fillGlyph(const PlacedGlyph& glyph, const CGAffineTransform& toDevice);
 
-  cairo_surface_t* surface() const { return surface_.get(); }
+  /// With everything drawn.
+  cairo_surface_t* surface() const;
   const CGAffineTransform& transform() const { return state_.transform; }
   /// A rectangle around everything that the clip leaves visible, in device coordinates.
   const CGRect& clipBox() const { return state_.clipBox; }
@@ -62,6 +65,9 @@ class CairoCanvas {
   const CGRect& page() const { return page_; }
   /// False when the transform has no inverse: nothing is drawn.
   bool isDrawable() const;
+
+  /// Whether a plain fill has covered everything: no pixel will ever be transparent again.
+  bool isOpaque() const { return isOpaque_; }
 
   /// Paints a surface of the same pixels, its own coordinates moved by whole pixels.
   void drawSurface(cairo_surface_t* source, CGFloat dx, CGFloat dy);
@@ -81,6 +87,12 @@ class CairoCanvas {
     bool clipIsRectangle = true;
   };
 
+  struct PlainFill {
+    PixelRect box;  // of the device
+    std::uint32_t pixel;
+  };
+
+  void finishFill() const;
   void setPath(const CGPath& devicePath);
   void setColor(const CGColor& color);
   void setMatrix(const CGAffineTransform& transform);
@@ -98,6 +110,9 @@ class CairoCanvas {
   CGRect page_;
   State state_;
   std::vector<State> saved_;
+  // Not in the pixels yet: what the next one hides of it is never written.
+  mutable std::optional<PlainFill> plainFill_;
+  bool isOpaque_ = false;
 };
 
 }  // namespace vexel

@@ -1,11 +1,17 @@
 #include "CairoLayer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
+
+#include "PixelTarget.h"
 
 namespace vexel {
 
 namespace {
+
+// No two surfaces that are so many pixels apart show the same.
+constexpr CGFloat kFar = 1 << 20;
 
 // Nearer to a whole number of pixels than can be seen.
 bool isWhole(CGFloat pixels) {
@@ -28,8 +34,14 @@ bool CairoLayer::fits(const CGContext& target) const {
 
 void CairoLayer::drawOnto(CairoCanvas& canvas) const {
   const CGAffineTransform& now = canvas.transform();
-  canvas.drawSurface(context_.canvas().surface(), std::round(now.tx - made_.tx),
-                     std::round(now.ty - made_.ty));
+  const CGFloat dx = std::round(now.tx - made_.tx);
+  const CGFloat dy = std::round(now.ty - made_.ty);
+  const CairoCanvas& kept = context_.canvas();
+  const bool isNear = std::max(std::abs(dx), std::abs(dy)) < kFar;
+  if (kept.isOpaque() && canvas.clipIsRectangle() && isNear)
+    PixelTarget(canvas).copy(PixelTarget(kept), static_cast<int>(dx), static_cast<int>(dy));
+  else
+    canvas.drawSurface(kept.surface(), dx, dy);
 }
 
 }  // namespace vexel

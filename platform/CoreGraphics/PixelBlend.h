@@ -20,6 +20,11 @@ constexpr std::uint32_t pixelOver(std::uint32_t above, std::uint32_t below) {
   return above + scaledPixel(below, 255u - (above >> 24));
 }
 
+/// One premultiplied pixel laid over a row.
+inline void pixelOver(std::uint32_t above, std::uint32_t* below, int count) {
+  for (int i = 0; i < count; ++i) below[i] = pixelOver(above, below[i]);
+}
+
 /// `pixel`, plus `weight` 255ths of a premultiplied colour, over `rest` 255ths of a pixel below.
 /// The two products are rounded as one; pixel, weighted colour and rest add up to 255 at most.
 constexpr std::uint32_t weightedPixelOver(std::uint32_t pixel, std::uint32_t weight,

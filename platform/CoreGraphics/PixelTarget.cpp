@@ -30,6 +30,30 @@ const Value* placed(const Value* values, const Shape& shape, int x, int y, int v
   return values + std::ptrdiff_t{v - shape.top - y} * shape.width - shape.left - x;
 }
 
+/// Pixels along an axis that a box covers by the same share.
+struct Part {
+  int begin, end;
+  CGFloat share;
+};
+
+/// The pixel in which a box begins, those between, and the one in which it ends.
+std::array<Part, 3> partsOf(CGFloat low, CGFloat high, int begin, int end) {
+  const auto within = [=](CGFloat edge) {
+    return static_cast<int>(std::clamp<CGFloat>(edge, begin, end));
+  };
+  const CGFloat inner = std::min(std::ceil(low), high);
+  const CGFloat outer = std::max(std::floor(high), inner);
+  const int first = within(std::ceil(low));
+  const int last = std::max(within(std::floor(high)), first);
+  return {Part{within(std::floor(low)), first, inner - low}, Part{first, last, 1},
+          Part{last, std::max(within(std::ceil(high)), last), high - outer}};
+}
+
+struct CoveredArea {
+  PixelRect pixels;
+  std::uint32_t above;  // what is laid over each of them
+};
+
 }  // namespace
 
 PixelTarget::PixelTarget(const CairoCanvas& canvas)
@@ -65,56 +89,50 @@ bool PixelTarget::canTake(const Shape& shape, int x, int y) const {
          part.bottom <= whole_.bottom;
 }
 
-bool PixelTarget::fill(const PixelRect& box, std::uint32_t pixel) {
-  if (whole_ != touched_) return false;
-  const PixelRect visible = clip();
-  const int left = std::max(box.left, visible.left);
-  const int right = std::min(box.right, visible.right);
-  const int bottom = std::min(box.bottom, visible.bottom);
-  if (left >= right) return true;
+void PixelTarget::fill(const PixelRect& box, std::uint32_t pixel) {
+  if (box.isEmpty()) return;
   const bool isGray = pixel == (pixel & 255u) * 0x01010101u;
-  for (int v = std::max(box.top, visible.top); v < bottom; ++v) {
+  for (int v = box.top; v < box.bottom; ++v) {
     std::uint32_t* const pixels = row(v);
     // Twice as fast, for white and black backgrounds.
     if (isGray)
-      std::memset(pixels + left, static_cast<int>(pixel & 255u),
-                  static_cast<std::size_t>(right - left) * sizeof pixel);
+      std::memset(pixels + box.left, static_cast<int>(pixel & 255u),
+                  static_cast<std::size_t>(box.width()) * sizeof pixel);
     else
-      std::fill(pixels + left, pixels + right, pixel);
+      std::fill(pixels + box.left, pixels + box.right, pixel);
   }
-  return true;
+}
+
+void PixelTarget::copy(const PixelTarget& source, int dx, int dy) {
+  const PixelRect visible = clip();
+  const PixelBuffer pixels = source.buffer();
+  const int left = std::max(visible.left, source.left_ + dx);
+  const int right = std::min(visible.right, source.left_ + dx + pixels.width);
+  const int top = std::max(visible.top, source.top_ + dy);
+  const int bottom = std::min(visible.bottom, source.top_ + dy + pixels.height);
+  if (left >= right) return;
+  for (int v = top; v < bottom; ++v)
+    std::copy_n(source.row(v - dy) + left - dx, right - left, row(v) + left);
 }
 
 void PixelTarget::cover(std::span<const CGRect> boxes, std::uint32_t premultipliedColor) {
-  struct Part {
-    int begin, end;
-    CGFloat share;  // that is covered of each pixel
-  };
-  // The pixel in which it begins, those between, and the one in which it ends.
-  const auto partsOf = [](CGFloat low, CGFloat high, int begin, int end) {
-    const auto within = [=](CGFloat edge) {
-      return static_cast<int>(std::clamp<CGFloat>(edge, begin, end));
-    };
-    const CGFloat inner = std::min(std::ceil(low), high);
-    const CGFloat outer = std::max(std::floor(high), inner);
-    const int first = within(std::ceil(low));
-    const int last = std::max(within(std::floor(high)), first);
-    return std::array{Part{within(std::floor(low)), first, inner - low}, Part{first, last, 1},
-                      Part{last, std::max(within(std::ceil(high)), last), high - outer}};
-  };
   const PixelRect visible = clip();
+  std::vector<CoveredArea> areas;
+  for (const CGRect& box : boxes) {
+    const auto columnParts = partsOf(box.minX(), box.maxX(), visible.left, visible.right);
+    for (const Part& rows : partsOf(box.minY(), box.maxY(), visible.top, visible.bottom))
+      for (const Part& columns : columnParts) {
+        const PixelRect area{columns.begin, rows.begin, columns.end, rows.end};
+        const auto weight = static_cast<std::uint32_t>(255 * rows.share * columns.share + 0.5);
+        if (!area.isEmpty()) areas.push_back({area, scaledPixel(premultipliedColor, weight)});
+      }
+  }
   for (int top = visible.top; top < visible.bottom; top += kRowsAtOnce)
-    for (const CGRect& box : boxes)
-      for (const Part& rows :
-           partsOf(box.minY(), box.maxY(), top, std::min(top + kRowsAtOnce, visible.bottom)))
-        for (const Part& columns : partsOf(box.minX(), box.maxX(), visible.left, visible.right)) {
-          const auto weight = static_cast<std::uint32_t>(255 * rows.share * columns.share + 0.5);
-          const std::uint32_t above = scaledPixel(premultipliedColor, weight);
-          for (int v = rows.begin; v < rows.end; ++v)
-            for (std::uint32_t* pixel = row(v) + columns.begin; pixel < row(v) + columns.end;
-                 ++pixel)
-              *pixel = pixelOver(above, *pixel);
-        }
+    for (const auto& [area, above] : areas) {
+      const int end = std::min(top + kRowsAtOnce, area.bottom);
+      for (int v = std::max(top, area.top); v < end; ++v)
+        pixelOver(above, row(v) + area.left, area.width());
+    }
 }
 
 PixelBuffer PixelTarget::buffer() const {

@@ -40,9 +40,11 @@ class PixelTarget {
   /// of its rows whose bits are set, the lowest for the uppermost.
   void blend(const PixelStamp& stamp, int x, int y, const PixelRect& band, std::uint32_t rows);
 
-  /// Sets the pixels of a box to one value. False, and nothing is drawn, when the clip leaves only
-  /// a part of some pixels.
-  bool fill(const PixelRect& box, std::uint32_t pixel);
+  /// Sets the pixels of a box on the surface to one value, also outside the clip.
+  void fill(const PixelRect& box, std::uint32_t pixel);
+
+  /// Takes over all pixels of another surface that are inside clip() when moved so many pixels.
+  void copy(const PixelTarget& source, int dx, int dy);
 
   /// Lays a colour over what boxes cover of each pixel. The clip leaves whole pixels only.
   void cover(std::span<const CGRect> boxes, std::uint32_t premultipliedColor);

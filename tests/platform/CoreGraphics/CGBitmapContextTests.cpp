@@ -221,6 +221,85 @@ TEST(CGBitmapContext, NeighbouringAlignedFillsLeaveNoSeam) {
   }
 }
 
+TEST(CGBitmapContext, PlainFillsLieOnOneAnotherInTheirOrder) {
+  constexpr int kSide = 6;
+  struct Box {
+    int left, low, right, high;
+    std::uint32_t pixelAt(int x, int y, std::uint32_t inside, std::uint32_t outside) const {
+      return x >= left && x < right && y >= low && y < high ? inside : outside;
+    }
+    CGRect rect() const { return CGRect::make(left, low, right - left, high - low); }
+  };
+  const Box lower{1, 1, 5, 4};
+  // Every box, empty and outside ones too, over another, each with and without a look in between,
+  // through the whole and a smaller clip.
+  for (int left = -1; left <= kSide; ++left)
+    for (int low = -1; low <= kSide; ++low)
+      for (int right = left; right <= kSide + 1; ++right)
+        for (int high = low; high <= kSide + 1; ++high)
+          for (const bool looks : {false, true})
+            for (const Box& clip : {Box{-9, -9, 9, 9}, Box{2, 0, 4, 5}}) {
+              const Box upper{left, low, right, high};
+              const Bitmap bitmap = whiteBitmap(kSide, kSide);
+              bitmap->fillAligned(lower.rect(), kBlack);
+              if (looks) bitmap->pixels();
+              bitmap->saveState();
+              bitmap->clip(clip.rect());
+              bitmap->fillAligned(upper.rect(), kRed);
+              bitmap->restoreState();
+              bool isRight = true;
+              for (int x = 0; x < kSide; ++x)
+                for (int y = 0; y < kSide; ++y) {
+                  const std::uint32_t below = lower.pixelAt(x, y, kBlackPixel, kWhitePixel);
+                  const std::uint32_t above = upper.pixelAt(x, y, kRedPixel, below);
+                  isRight = isRight &&
+                            pixel(*bitmap, x, kSide - 1 - y) == clip.pixelAt(x, y, above, below);
+                }
+              ASSERT_TRUE(isRight) << left << ' ' << low << ' ' << right << ' ' << high;
+            }
+}
+
+TEST(CGBitmapContext, WhateverIsDrawnLiesOnThePlainFillBefore) {
+  const auto layered = [](CGContext& context) {
+    const auto layer = context.makeLayer(CGRect::make(0, 0, 30, 30));
+    layer->context().fill(rectPath(5, 5, 8, 8), kRed);
+    context.drawLayer(*layer);
+  };
+  const std::vector<CGPoint> centers{{15, 15}};
+  const std::function<void(CGContext&)> drawings[] = {
+      [](CGContext& c) { c.fill(rectPath(5.5, 5, 10, 10), kRed); },
+      [](CGContext& c) { c.fillAligned(CGRect::make(5, 5, 10, 10), CGColor::genericGray(0, 0.5)); },
+      [](CGContext& c) {
+        c.stroke(linePath({3, 3}, {20, 9}), {});
+      },
+      [](CGContext& c) {
+        c.stroke(linePath({3, 3}, {20, 3}), aligned());
+      },
+      [](CGContext& c) {
+        c.drawText({{{"Text", {}}}}, {5, 5});
+      },
+      [](CGContext& c) { c.drawImage(*columnImage({0xff0000}), CGRect::make(5, 5, 9, 9)); },
+      [&](CGContext& c) { c.drawSymbols(ellipsePath(-3, -3, 6, 6), &kRed, nullptr, centers); },
+      [](CGContext& c) {
+        c.drawOnPixels([](const CGPixels& pixels) { pixels.buffer.row(3)[4] = kRedPixel; });
+      },
+      layered,
+  };
+  const auto filled = [] {
+    Bitmap bitmap = transparentBitmap(30, 30);
+    bitmap->fillAligned(CGRect::make(2, 2, 26, 26), kWhite);
+    return bitmap;
+  };
+  for (const auto& draw : drawings) {
+    const Bitmap direct = filled(), seen = filled();
+    const auto before = pixelsOf(*seen);
+    draw(*direct);
+    draw(*seen);
+    EXPECT_EQ(pixelsOf(*direct), pixelsOf(*seen)) << &draw - drawings;
+    EXPECT_NE(pixelsOf(*seen), before) << &draw - drawings;
+  }
+}
+
 // Hostile coordinates and styles.
 
 TEST(CGBitmapContext, DrawsNothingForStrokesWithoutAUsableWidth) {

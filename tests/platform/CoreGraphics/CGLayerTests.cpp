@@ -69,6 +69,42 @@ TEST(CGLayer, KeepsLinesOnTheBorderWhereDirectDrawingHasThem) {
   EXPECT_EQ(maximumDifference(*direct, *layered), 0);
 }
 
+TEST(CGLayer, LooksTheSameWhetherOpaqueOrNot) {
+  struct Row {
+    CGFloat dx, dy;
+    CGRect clip;
+  };
+  const CGRect everything = CGRect::make(-100, -100, 300, 300);
+  for (const auto& [dx, dy, clip] :
+       {Row{1e300, 0, everything}, Row{0, -4e9, everything}, Row{-25, 30, everything},
+        Row{70, 0, everything}, Row{3, -4, CGRect::make(11, 12, 20, 13)}, Row{0, 0, everything},
+        Row{0, 0, {}}}) {
+    const Bitmap opaque = whiteBitmap(60, 50), translucent = whiteBitmap(60, 50);
+    for (const Bitmap& bitmap : {std::cref(opaque), std::cref(translucent)}) {
+      bitmap->stroke(linePath({0, 0}, {60, 50}), {.color = kRed});
+      const auto layer = bitmap->makeLayer(CGRect::make(5, 5, 40, 40));
+      // Two halves are not known to cover everything.
+      layer->context().fillAligned(CGRect::make(5, 5, bitmap == opaque ? 40 : 20, 40), kBlack);
+      if (bitmap == translucent) layer->context().fillAligned(CGRect::make(25, 5, 20, 40), kBlack);
+      layer->context().fill(ellipsePath(10, 10, 22, 15), kRed);
+      bitmap->clip(clip);
+      bitmap->translate(dx, dy);
+      bitmap->drawLayer(*layer);
+    }
+    EXPECT_EQ(pixelsOf(*opaque), pixelsOf(*translucent)) << dx << ' ' << dy;
+  }
+}
+
+TEST(CGLayer, IsDrawnThroughARoundClip) {
+  const Bitmap bitmap = whiteBitmap(40, 40);
+  const auto layer = bitmap->makeLayer(CGRect::make(0, 0, 40, 40));
+  layer->context().fillAligned(CGRect::make(0, 0, 40, 40), kBlack);
+  bitmap->clip(ellipsePath(0, 0, 40, 40));
+  bitmap->drawLayer(*layer);
+  EXPECT_EQ(pixel(*bitmap, 20, 20), kBlackPixel);
+  EXPECT_EQ(pixel(*bitmap, 1, 1), kWhitePixel);
+}
+
 TEST(CGLayer, IsDrawnThroughTheClip) {
   const Bitmap bitmap = whiteBitmap(40, 40);
   const auto layer = bitmap->makeLayer(CGRect::make(0, 0, 40, 40));
