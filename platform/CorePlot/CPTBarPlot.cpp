@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+
+#include <Kernels/BarRaster.h>
 
 namespace vexel {
 
@@ -12,6 +15,57 @@ namespace {
 constexpr CGFloat kNarrowBar = 3;
 // So far outside the plot area an outline cannot be seen, whatever its width, in points.
 constexpr CGFloat kFarthestEdge = 1e4;
+// Bars in files that share so little of the plot area are replaced by the longest of them, in
+// points.
+constexpr CGFloat kNarrowPart = 1.0 / 16;
+
+/// False, and nothing is drawn, where the bars need a path.
+template <class ForBars>
+bool fillOnPixels(CGContext& context, const CPTFill& fill, bool areHorizontal,
+                  const ForBars& forBars) {
+  if (!fill.color()) return false;
+  bool isDrawn = false;
+  context.drawOnPixels([&](const CGPixels& pixels) {
+    const CGAffineTransform& t = pixels.toPixels;
+    if (t.b != 0 || t.c != 0) return;
+    BarRaster raster(pixels.buffer, pixels.clip,
+                     areHorizontal ? BarRaster::Direction::lying : BarRaster::Direction::upright);
+    forBars([&](const CGRect& bar) {
+      const CGPoint a = t.apply(bar.origin);
+      const CGPoint b = t.apply({bar.maxX(), bar.maxY()});
+      raster.add(CGRect::make(std::min(a.x, b.x), std::min(a.y, b.y), std::abs(b.x - a.x),
+                              std::abs(b.y - a.y)));
+    });
+    raster.draw(premultipliedPixel(fill.color()->cgColor()));
+    isDrawn = true;
+  });
+  return isDrawn;
+}
+
+/// Whether two bars that follow each other can stand for one that is too narrow to tell.
+bool areAlike(const CGRect& a, const CGRect& b, bool areHorizontal) {
+  const CGRect both = a.unionWith(b);
+  const CGFloat width = areHorizontal ? both.size.height : both.size.width;
+  const bool meet = areHorizontal ? a.minX() <= b.maxX() && b.minX() <= a.maxX()
+                                  : a.minY() <= b.maxY() && b.minY() <= a.maxY();
+  return width <= kNarrowPart && meet;
+}
+
+template <class ForBars>
+void fillPath(CGContext& context, const CPTFill& fill, bool areHorizontal, const ForBars& forBars) {
+  CGMutablePath path;
+  std::optional<CGRect> last;
+  forBars([&](const CGRect& bar) {
+    if (last && areAlike(*last, bar, areHorizontal)) {
+      last = last->unionWith(bar);
+      return;
+    }
+    if (last) path.addRect(*last);
+    last = bar;
+  });
+  path.addRect(*last);
+  fill.fill(context, path);
+}
 
 }  // namespace
 
@@ -125,30 +179,42 @@ void CPTBarPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {
   const bool isRound = barCornerRadius_ > 0;
   if (outline) outline->alignsToPixels = !isRound;
   const CGFloat margin = outline ? std::min(2 * outline->width, kFarthestEdge) : 1;
-  const CGRect area = CGRect{{}, plotAreaSize()}.insetBy(-margin, -margin);
 
-  CGMutablePath narrow;
-  for (std::size_t record = 0; record < recordCount(); ++record) {
-    const auto bar = geometry.bar(record);
-    if (!bar) continue;
-    const CGRect rect = geometry.visibleRect(*bar, margin);
-    if (rect.minX() >= area.maxX() || rect.minY() >= area.maxY() || rect.maxX() <= area.minX() ||
-        rect.maxY() <= area.minY())
-      continue;
-    if (bar->to - bar->from < kNarrowBar && !isRound) {
-      narrow.addRect(rect);
-      continue;
+  bool someAreNarrow = false;
+  forVisibleBars(geometry, margin, [&](const CGRect& rect, CGFloat width) {
+    if (width < kNarrowBar && !isRound) {
+      someAreNarrow = true;
+      return;
     }
     CGMutablePath path;
     path.addRoundedRect(rect, isRound ? barCornerRadius_ : 0);
     if (fill_) isRound ? fill_->fill(context, path) : fill_->fill(context, rect);
     if (outline) context.stroke(path, *outline);
+  });
+  if (!someAreNarrow || (!fill_ && !outline)) return;
+  const CPTFill fill = fill_ ? *fill_ : CPTFill(CPTColor(outline->color));
+  const auto forNarrowBars = [&](const auto& visit) {
+    forVisibleBars(geometry, margin, [&](const CGRect& rect, CGFloat width) {
+      if (width < kNarrowBar) visit(rect);
+    });
+  };
+  if (!fillOnPixels(context, fill, barsAreHorizontal_, forNarrowBars))
+    fillPath(context, fill, barsAreHorizontal_, forNarrowBars);
+}
+
+/// Calls with what can be seen of each bar, and with its width.
+template <class Visit>
+void CPTBarPlot::forVisibleBars(const Geometry& geometry, CGFloat margin,
+                                const Visit& visit) const {
+  const CGRect area = CGRect{{}, plotAreaSize()}.insetBy(-margin, -margin);
+  for (std::size_t record = 0; record < recordCount(); ++record) {
+    const auto bar = geometry.bar(record);
+    if (!bar) continue;
+    const CGRect rect = geometry.visibleRect(*bar, margin);
+    const bool isOutside = rect.minX() >= area.maxX() || rect.minY() >= area.maxY() ||
+                           rect.maxX() <= area.minX() || rect.maxY() <= area.minY();
+    if (!isOutside) visit(rect, bar->to - bar->from);
   }
-  if (narrow.isEmpty()) return;
-  if (fill_)
-    fill_->fill(context, narrow);
-  else if (outline)
-    context.fill(narrow, outline->color);
 }
 
 std::vector<CPTPlot::LabelPlace> CPTBarPlot::labelPlaces(const CPTXYPlotSpace& space) const {

@@ -1,9 +1,14 @@
 #include <CorePlot/CPTBarPlot.h>
 
+#include <CoreGraphics/CGBitmapContext.h>
 #include <Foundation/NSNumberFormatter.h>
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <limits>
 
@@ -219,6 +224,65 @@ TEST_F(CPTBarPlotTest, NarrowBarsWithoutFillTakeTheColourOfTheirOutline) {
   plot->setFill(std::nullopt);
   EXPECT_THAT(drawnCalls({{20}, {30}}),
               ElementsAre("fill #ff0000: M 19.5 0 L 20.5 0 L 20.5 30 L 19.5 30 Z"));
+}
+
+TEST_F(CPTBarPlotTest, BarsThatFilesCannotTellApartAreTheLongestOfThem) {
+  plot->setBarWidth(0.01);
+  const auto outline = [](const char* x, const char* to, const char* low, const char* high) {
+    return fmt::format("M {0} {2} L {1} {2} L {1} {3} L {0} {3} Z", x, to, low, high);
+  };
+  EXPECT_THAT(drawnCalls({{20, 20.02, 20.04, 20.2}, {30, 50, 40, 10}}),
+              ElementsAre("fill #000000: " + outline("19.995", "20.045", "0", "50") + " " +
+                          outline("20.195", "20.205", "0", "10")));
+  // Bars that do not meet stay apart, and so do neighbours that come later.
+  plot->setBarBasesVary(true);
+  EXPECT_THAT(drawnCalls({{20, 20.02, 20}, {30, 50, 30}, {10, 40, 10}}),
+              ElementsAre("fill #000000: " + outline("19.995", "20.005", "10", "30") + " " +
+                          outline("20.015", "20.025", "40", "50") + " " +
+                          outline("19.995", "20.005", "10", "30")));
+}
+
+TEST_F(CPTBarPlotTest, NarrowBarsLookLikeOnePathOnBitmaps) {
+  struct Row {
+    double width, scale;
+    bool areHorizontal;
+    CPTColor color;
+  };
+  const CPTColor translucent = CPTColor::colorWithComponents(0.2, 0.4, 0.8, 0.5);
+  for (const auto& [width, scale, areHorizontal, color] :
+       {Row{0.3, 1, false, CPTColor::blackColor()}, Row{2.7, 1.5, false, translucent},
+        Row{1, 2, true, CPTColor::redColor()}, Row{0.7, 1.25, true, translucent}}) {
+    plot->setBarWidth(width);
+    plot->setBarsAreHorizontal(areHorizontal);
+    plot->setFill(CPTFill(color));
+    source.fields = {{}, {}};
+    CGMutablePath path;
+    for (int i = 0; i < 150; ++i) {
+      const double location = 5 + i * 0.613;
+      const double tip = 50 + 40 * std::sin(i * 0.37);
+      source.fields[0].push_back(location);
+      source.fields[1].push_back(tip);
+      path.addRect(areHorizontal ? CGRect::make(0, location - width / 2, tip, width)
+                                 : CGRect::make(location - width / 2, 0, width, tip));
+    }
+    plot->setDataNeedsReloading();
+    const auto fast = CGBitmapContext::create(graph->bounds().size, scale);
+    graph->displayChart(*fast);
+    const auto exact = CGBitmapContext::create(graph->bounds().size, scale);
+    exact->fill(path, color.cgColor());
+    const auto a = fast->pixels(), b = exact->pixels();
+    ASSERT_EQ(a.size(), b.size());
+    int greatest = 0;
+    std::size_t inked = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+      inked += b[i] != 0;
+      for (int shift = 0; shift < 32; shift += 8)
+        greatest = std::max(greatest, std::abs(static_cast<int>(a[i] >> shift & 255) -
+                                               static_cast<int>(b[i] >> shift & 255)));
+    }
+    EXPECT_GT(inked, 1000U);
+    EXPECT_LE(greatest, 16) << width << ' ' << scale;
+  }
 }
 
 TEST_F(CPTBarPlotTest, OnALogScaleABaseWithoutAPlaceIsTheLowEdge) {
