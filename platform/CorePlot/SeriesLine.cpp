@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -31,6 +32,10 @@ constexpr std::size_t kPointsPerStroke = 1000;
 constexpr std::size_t kCornersAtOnce = 64;
 // Wider pens cover everything anyway, in points.
 constexpr CGFloat kWidestPen = 1e4;
+// In a pixel of width, on average, where it is worth looking how steep a line is.
+constexpr double kFewRecords = 2;
+// In pixels.
+constexpr double kLongLine = 100;
 // The ends of a pen look alike up to this width, in pixels.
 constexpr CGFloat kPlainPen = 3;
 // Of longer series all ends are round on bitmaps.
@@ -105,6 +110,27 @@ double narrowPart(const SeriesLine& line) {
   return line.interpolation == CPTScatterPlotInterpolation::linear ? kNarrow : kNarrowSteps;
 }
 
+/// The steepest segment between the records, in y over x of the transform; infinity where the line
+/// has many records or gaps, or is short, so that its ends matter.
+double steepestSegment(const SeriesLine& line, std::pair<std::size_t, std::size_t> records,
+                       const CGAffineTransform& transform, int width) {
+  constexpr double kUnknown = std::numeric_limits<double>::infinity();
+  const auto count = static_cast<double>(records.second - records.first);
+  if (count < 2 || count > kFewRecords * width) return kUnknown;
+  double steepest = 0;
+  std::optional<CGPoint> first, last;
+  forCorners(line, records, transform, 0, [&](CGPoint corner) {
+    if (last) {
+      const double slope = std::abs((corner.y - last->y) / (corner.x - last->x));
+      // Gaps and equal records have none.
+      steepest = std::isfinite(slope) ? std::max(steepest, slope) : kUnknown;
+    }
+    if (!first) first = corner;
+    last = corner;
+  });
+  return std::abs(last->x - first->x) >= kLongLine ? steepest : kUnknown;
+}
+
 /// False, and nothing is drawn, where the line needs a path.
 bool strokeOnPixels(CGContext& context, const SeriesLine& line, const CGStrokeStyle& style) {
   if (!style.dashPattern.empty() || !isSorted(line.records)) return false;
@@ -117,10 +143,12 @@ bool strokeOnPixels(CGContext& context, const SeriesLine& line, const CGStrokeSt
         line.records.count() <= kRecordsWithCaps)
       return;
     if (width > LineRaster::kMaximumWidth) return;
-    LineRaster raster(pixels.buffer, pixels.clip, width);
+    const auto records = visibleRecords(line, style.width);
+    LineRaster raster(pixels.buffer, pixels.clip, width,
+                      steepestSegment(line, records, t, pixels.clip.width()));
     std::array<CGPoint, kCornersAtOnce> some;
     std::size_t count = 0;
-    forCorners(line, visibleRecords(line, style.width), t, narrowPart(line), [&](CGPoint corner) {
+    forCorners(line, records, t, narrowPart(line), [&](CGPoint corner) {
       some[count++] = corner;
       if (count == some.size()) raster.add({some.data(), std::exchange(count, 0)});
     });

@@ -15,6 +15,11 @@ namespace {
 constexpr int kLinesOfPens = 16;
 constexpr int kLinesOfThinPens = 32;
 
+/// On flat pieces the shift of points by half of the lines' distance is hardly one in y: so many
+/// lines make it a 32nd of a pixel.
+constexpr double kLinesPerSlope = 16;
+constexpr int kFewestLines = 4;
+
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 bool isFinite(CGPoint p) {
@@ -25,6 +30,12 @@ bool isNear(CGPoint p) {
   return std::abs(p.x) <= CurveHull::kFar && std::abs(p.y) <= CurveHull::kFar;
 }
 
+int linesPerPixel(double width, double steepest) {
+  int lines = width < 1 ? kLinesOfThinPens : kLinesOfPens;
+  while (lines > kFewestLines && steepest * kLinesPerSlope <= lines / 2) lines /= 2;
+  return lines;
+}
+
 PixelRect visiblePart(const PixelBuffer& target, const PixelRect& clip) {
   const PixelRect part = target.clipped(clip);
   return part.isEmpty() ? PixelRect{} : part;
@@ -32,11 +43,12 @@ PixelRect visiblePart(const PixelBuffer& target, const PixelRect& clip) {
 
 }  // namespace
 
-LineRaster::LineRaster(const PixelBuffer& target, const PixelRect& clip, double width)
+LineRaster::LineRaster(const PixelBuffer& target, const PixelRect& clip, double width,
+                       double steepest)
     : target_(target),
       view_(visiblePart(target, clip)),
       width_(width),
-      linesPerPixel_(width < 1 ? kLinesOfThinPens : kLinesOfPens),
+      linesPerPixel_(linesPerPixel(width, steepest)),
       hull_(view_, linesPerPixel_, width / 2),
       intervals_(view_.width() * linesPerPixel_),
       last_{kNaN, kNaN} {}

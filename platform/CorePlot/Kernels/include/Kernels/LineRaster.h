@@ -7,6 +7,7 @@
 #include <Kernels/LineIntervals.h>
 
 #include <cstdint>
+#include <limits>
 #include <span>
 
 namespace vexel {
@@ -20,14 +21,18 @@ namespace vexel {
 /// size.
 ///
 /// Antialiasing is by area in y and by 16 sampling lines per pixel in x, 32 for pens thinner than a
-/// pixel. Points are shifted in x by up to half of the lines' distance.
+/// pixel, and as few as 4 for flat curves. Points are shifted in x by up to half of the lines'
+/// distance.
 class LineRaster {
  public:
   /// The widest pen, in pixels.
   static constexpr double kMaximumWidth = 256;
 
-  /// For what the clip shows of the target. The width is above 0 and at most kMaximumWidth.
-  LineRaster(const PixelBuffer& target, const PixelRect& clip, double width);
+  /// For what the clip shows of the target. The width is above 0 and at most kMaximumWidth. No
+  /// segment of the curve is steeper than `steepest`, in y over x; infinity when this is not known
+  /// or the curve has gaps.
+  LineRaster(const PixelBuffer& target, const PixelRect& clip, double width,
+             double steepest = std::numeric_limits<double>::infinity());
 
   /// Goes on with the curve.
   void add(std::span<const CGPoint> points);
