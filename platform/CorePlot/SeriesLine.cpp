@@ -113,9 +113,11 @@ double narrowPart(const SeriesLine& line) {
 /// The steepest segment between the records, in y over x of the transform; infinity where the line
 /// has many records or gaps, or is short, so that its ends matter.
 double steepestSegment(const SeriesLine& line, std::pair<std::size_t, std::size_t> records,
-                       const CGAffineTransform& transform, int width) {
+                       const CGAffineTransform& transform) {
   constexpr double kUnknown = std::numeric_limits<double>::infinity();
   const auto count = static_cast<double>(records.second - records.first);
+  // The same for every part of a picture, however small.
+  const double width = line.xScale.extent * std::abs(transform.a);
   if (count < 2 || count > kFewRecords * width) return kUnknown;
   double steepest = 0;
   std::optional<CGPoint> first, last;
@@ -144,8 +146,7 @@ bool strokeOnPixels(CGContext& context, const SeriesLine& line, const CGStrokeSt
       return;
     if (width > LineRaster::kMaximumWidth) return;
     const auto records = visibleRecords(line, style.width);
-    LineRaster raster(pixels.buffer, pixels.clip, width,
-                      steepestSegment(line, records, t, pixels.clip.width()));
+    LineRaster raster(pixels.buffer, pixels.clip, width, steepestSegment(line, records, t));
     std::array<CGPoint, kCornersAtOnce> some;
     std::size_t count = 0;
     forCorners(line, records, t, narrowPart(line), [&](CGPoint corner) {

@@ -17,6 +17,12 @@ PixelRect visiblePart(const PixelBuffer& target, const PixelRect& clip) {
   return part.isEmpty() ? PixelRect{} : part;
 }
 
+/// Rounded so that the difference is exact: bars look the same through every clip.
+float fromTop(double y, int top) {
+  constexpr double kUnits = 256;
+  return static_cast<float>(std::round(y * kUnits) / kUnits - top);
+}
+
 CGRect turned(const CGRect& rect) {
   return {{rect.origin.y, rect.origin.x}, {rect.size.height, rect.size.width}};
 }
@@ -30,24 +36,25 @@ BarRaster::BarRaster(const PixelBuffer& target, const PixelRect& clip, Direction
       intervals_(kLinesPerPixel * (isTurned_ ? view_.height() : view_.width())) {}
 
 void BarRaster::add(const CGRect& bar) {
-  const CGRect seen{
-      bar.origin - CGPoint{static_cast<CGFloat>(view_.left), static_cast<CGFloat>(view_.top)},
-      bar.size};
-  const CGRect upright = isTurned_ ? turned(seen) : seen;
-  const double last = intervals_.lineCount();
-  const auto low = static_cast<float>(upright.minY());
-  const auto high = static_cast<float>(upright.maxY());
+  const CGRect upright = isTurned_ ? turned(bar) : bar;
+  const int left = isTurned_ ? view_.top : view_.left;
+  const int top = isTurned_ ? view_.left : view_.top;
+  const auto low = fromTop(upright.minY(), top);
+  const auto high = fromTop(upright.maxY(), top);
 
   // In lines, each of which is at the middle of its part of a pixel.
+  const double first = 1.0 * left * kLinesPerPixel;
+  const double last = intervals_.lineCount();
   const double from = upright.minX() * kLinesPerPixel - 0.5;
   const double to = upright.maxX() * kLinesPerPixel - 0.5;
-  const double begin = std::ceil(from);
-  const double end = std::ceil(to);
+  const double begin = std::ceil(from) - first;
+  const double end = std::ceil(to) - first;
   if (begin < end) {
     const int stop = static_cast<int>(std::clamp(end, 0.0, last));
     for (int line = static_cast<int>(std::clamp(begin, 0.0, last)); line < stop; ++line)
       intervals_.add(line, low, high);
-  } else if (const double nearest = std::round((from + to) / 2); nearest >= 0 && nearest < last) {
+  } else if (const double nearest = std::round((from + to) / 2) - first;
+             nearest >= 0 && nearest < last) {
     intervals_.add(static_cast<int>(nearest), low, high);
   }
 }

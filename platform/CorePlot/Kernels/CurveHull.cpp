@@ -1,6 +1,7 @@
 #include <Kernels/CurveHull.h>
 
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -11,8 +12,15 @@ namespace {
 
 constexpr float kNowhere = -std::numeric_limits<float>::infinity();
 
+/// To the nearest 4096th of a pixel: sums and differences of such numbers are exact, so that a
+/// curve looks the same through every clip.
+double rounded(double y) {
+  constexpr double kShift = 1.5 * (std::int64_t{1} << 40);
+  return (y + kShift) - kShift;
+}
+
 void raise(float& reached, double y) {
-  reached = std::max(reached, static_cast<float>(y));
+  reached = std::max(reached, static_cast<float>(rounded(y)));
 }
 
 }  // namespace
@@ -20,7 +28,7 @@ void raise(float& reached, double y) {
 CurveHull::CurveHull(const PixelRect& view, int linesPerPixel, double radius)
     : lineCount_(view.width() * linesPerPixel), linesPerPixel_(linesPerPixel), top_(view.top) {
   for (double distance = 0; distance <= radius; distance += 0.5 / linesPerPixel)
-    pen_.push_back(static_cast<float>(std::sqrt(radius * radius - distance * distance)));
+    pen_.push_back(static_cast<float>(rounded(std::sqrt(radius * radius - distance * distance))));
   margin_ = reach() + 2;
   start_ = margin_ - 0.5 - view.left * linesPerPixel;
   first_ = lineCount_ + 2 * margin_;

@@ -268,6 +268,12 @@ TEST_F(CPTBarPlotTest, NarrowBarsLookLikeOnePathOnBitmaps) {
     plot->setDataNeedsReloading();
     const auto fast = CGBitmapContext::create(graph->bounds().size, scale);
     graph->displayChart(*fast);
+    const auto inParts =
+        CGBitmapContext::create(graph->bounds().size, scale, CGBitmapContext::Use::file);
+    for (int left = 0; left < 100; left += 28)
+      for (int low = 0; low < 100; low += 36)
+        graph->displayChart(*inParts, CGRect::make(left, low, 28, 36));
+    EXPECT_TRUE(std::ranges::equal(fast->pixels(), inParts->pixels())) << width << ' ' << scale;
     const auto exact = CGBitmapContext::create(graph->bounds().size, scale);
     exact->fill(path, color.cgColor());
     const auto a = fast->pixels(), b = exact->pixels();

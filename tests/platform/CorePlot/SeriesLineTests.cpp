@@ -139,6 +139,14 @@ std::vector<Example> examples() {
       steps.interpolation = interpolation;
     }
   add(with("a translucent line", x, y)).alpha = 0.4;
+
+  const auto gentle = [](double t) { return 0.5 + 0.02 * std::sin(9 * t); };
+  add(with("a flat curve", filled(150, identity), filled(150, gentle)));
+  add(with("a flat curve of three points", {-1, 0.4, 3}, {0.4, 0.6, 0.45})).alpha = 0.4;
+  add(with("a short flat line", {0.4, 0.45}, {0.5, 0.505}));
+  Example& spike = add(with("a curve that is flat but for a spike", x, filled(3000, gentle)));
+  for (std::size_t i = 0; i < spike.x.size(); ++i) spike.x[i] = static_cast<double>(i) / 30;
+  spike.y[13] = 0.9;
   return all;
 }
 
@@ -234,6 +242,29 @@ TEST_P(SeriesLine, LooksOnBitmapsLikeTheStrokeOfEveryRecord) {
       EXPECT_GT(found.inked, 0);
       EXPECT_LE(found.apart, 0.03 * found.inked) << "width " << width << " at scale " << scale;
       EXPECT_LE(found.largest, 64) << "width " << width << " at scale " << scale;
+    }
+}
+
+TEST_P(SeriesLine, LooksTheSamePartByPart) {
+  for (const CGFloat scale : {1.0, 1.25, 2.0})
+    for (const CGFloat width : {0.7, 1.0, 5.0}) {
+      plot->setDataLineStyle(
+          CPTLineStyle{.lineCap = CGLineCap::round,
+                       .lineWidth = width,
+                       .lineColor = CPTColor::colorWithComponents(0, 0, 0, GetParam().alpha)});
+      const auto draw = [&](const std::vector<CGRect>& parts) {
+        const auto context =
+            CGBitmapContext::create({kWidth, kHeight}, scale, CGBitmapContext::Use::file);
+        for (const CGRect& part : parts) graph->displayChart(*context, part);
+        return pixelsOf(*context);
+      };
+      // The edges are on pixels at every scale.
+      std::vector<CGRect> parts;
+      for (int low = 0; low < kHeight; low += 36)
+        for (int left = 0; left < kWidth; left += 52)
+          parts.push_back(CGRect::make(left, low, 52, 36));
+      EXPECT_EQ(draw(parts), draw({CGRect::make(0, 0, kWidth, kHeight)}))
+          << "width " << width << " at scale " << scale;
     }
 }
 
