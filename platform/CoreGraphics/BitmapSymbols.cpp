@@ -14,6 +14,8 @@ namespace {
 
 // So many symbols are sorted into bands at once, in some 10 bytes each.
 constexpr std::size_t kSymbolsAtOnce = 1 << 20;
+// So few are drawn sooner one by one.
+constexpr std::size_t kFewSymbols = 4;
 
 /// Centres farther outside of a box cannot be seen, and their places would be too large for
 /// integers.
@@ -52,11 +54,12 @@ bool showsNothing(const CairoCanvas& canvas, const CGPath& symbol) {
   return !canvas.isDrawable() || canvas.clipBox().isEmpty() || symbol.isEmpty();
 }
 
-/// Draws symbols that all have stamps. False, and nothing is drawn, when the clip cuts through
-/// pixels.
+/// Draws symbols that all have stamps. False, and nothing is drawn, when they are few or the clip
+/// cuts through pixels.
 template <class StyleOf>
 bool drawStamped(const CairoCanvas& canvas, std::span<SymbolStamps* const> styles,
                  StyleOf&& styleOf, std::span<const CGPoint> centers) {
+  if (centers.size() <= kFewSymbols) return false;
   PixelTarget target(canvas);
   if (!target.wholeClip()) return false;
   const CGRect reach = reachOf(target.clip());
