@@ -7,8 +7,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPointer>
-#include <QTimer>
 #include <chrono>
 #include <cmath>
 
@@ -44,7 +42,7 @@ CGColor cgColor(const QColor& color) {
 PlotWidget::PlotWidget(QWidget* parent) : PlotWidget(std::make_shared<NSView>(), parent) {}
 
 PlotWidget::PlotWidget(std::shared_ptr<NSView> view, QWidget* parent)
-    : QWidget(parent), bitmap_(std::make_unique<WindowBitmap>()), sizeHint_(hintFor(view.get())) {
+    : QWidget(parent), bitmap_(std::make_shared<WindowBitmap>()), sizeHint_(hintFor(view.get())) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   if (sizeHint_.isValid()) resize(sizeHint_);
@@ -53,8 +51,8 @@ PlotWidget::PlotWidget(std::shared_ptr<NSView> view, QWidget* parent)
   // What changes at any other time than in an event of this widget.
   connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
           &PlotWidget::scheduleDisplay);
-  retry_.setSingleShot(true);
-  connect(&retry_, &QTimer::timeout, this, &PlotWidget::scheduleDisplay);
+  next_.setSingleShot(true);
+  connect(&next_, &QTimer::timeout, this, &PlotWidget::scheduleDisplay);
 }
 
 PlotWidget::~PlotWidget() = default;
@@ -70,7 +68,7 @@ void PlotWidget::setContentView(std::shared_ptr<NSView> view) {
 // Display
 
 void PlotWidget::scheduleDisplay() {
-  if (!isVisible() || retry_.isActive()) return;
+  if (!isVisible() || next_.isActive()) return;
   // A view may be taken away by another widget.
   if (contentView().get() != shownView_) return update();
   try {
@@ -84,8 +82,9 @@ void PlotWidget::scheduleDisplay() {
 }
 
 void PlotWidget::note(const std::optional<std::string>& failure) {
+  next_.stop();
   if (failure) {
-    retry_.start(kUntilRetry);
+    next_.start(kUntilRetry);
     if (failure != failure_)
       ddLog(DDLogFlag::error, [&] { return "a view could not be drawn: " + *failure; });
   }
@@ -99,7 +98,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
   if (!bitmap_->update(*viewWindow_, devicePixelRatioF(), background)) return;
   note(bitmap_->failure());
   // Other events come first.
-  if (!bitmap_->isComplete()) QTimer::singleShot(0, this, &PlotWidget::scheduleDisplay);
+  if (!bitmap_->isComplete()) next_.start(0);
   QPainter painter(this);
   // At a fractional ratio the widget may begin inside a pixel of the window.
   const QTransform toDevice = painter.deviceTransform();
@@ -129,10 +128,11 @@ bool PlotWidget::event(QEvent* event) {
 
 void PlotWidget::send(const NSEvent& event) {
   pointer_ = event.locationInWindow;
-  retry_.stop();
-  const QPointer<PlotWidget> self(this);
+  next_.stop();
+  // Gone with this widget.
+  const std::weak_ptr<WindowBitmap> bitmap = bitmap_;
   viewWindow_->sendEvent(event);
-  if (self) scheduleDisplay();
+  if (!bitmap.expired()) scheduleDisplay();
 }
 
 void PlotWidget::sendMouse(const QMouseEvent& event, int clickCount) {

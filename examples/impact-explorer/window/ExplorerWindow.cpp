@@ -213,6 +213,7 @@ void ExplorerWindow::open(const WindowOptions& options) {
   }
   const auto done = [this, options](const LoadJob::Result& result) { loaded(result, options); };
   loadJob_ = std::make_unique<LoadJob>(*options.file, options.timeName, done);
+  statusBar()->clearMessage();
   loadProgress_->begin("Reading " + fileName(QString::fromStdString(*options.file)), 0ms);
   loadTimer_.start(kProgressInterval);
 }
@@ -328,6 +329,7 @@ void ExplorerWindow::make(Output output) {
 
 void ExplorerWindow::makeNext() {
   const Output& next = outputs_.front();
+  statusBar()->clearMessage();
   outputProgress_->begin(next.doing, kPatience);
   outputJob_ = std::make_unique<OutputJob>(
       next.task, [this](const OutputJob::Result& result) { made(result); });

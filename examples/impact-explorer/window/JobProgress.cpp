@@ -18,6 +18,7 @@ JobProgress::JobProgress(QWidget* parent)
   cancel->setText("Cancel");
   cancel->setObjectName("cancel");
   connect(cancel, &QToolButton::clicked, this, [this] { onCancel(); });
+  text_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   bar_->setFixedWidth(kBarWidth);
 
   auto* const row = new QHBoxLayout(this);

@@ -263,12 +263,15 @@ for type in png pdf svg; do export_to "last.$type"; done
 [[ $(head -c 4 "$folder/last.pdf") == %PDF ]] || complain "last.pdf is no PDF"
 identify "$folder/last.png" >/dev/null || complain "last.png is no PNG"
 
-# Quit
+# Quit, which finishes what is being exported
 
+key ctrl+e
+fill_dialog "Export the figure" "$folder/quit.png"
 key ctrl+q
 has_ended() { ! kill -0 "$explorer" 2>/dev/null; }
 wait_for 10 has_ended || give_up "Ctrl+Q does not quit"
 wait "$explorer" || complain "exit code $?"
 explorer=
+identify "$folder/quit.png" >/dev/null || complain "quit.png is not whole"
 [[ ! -s $folder/output ]] || complain "output: $(cat "$folder/output")"
 exit $failed

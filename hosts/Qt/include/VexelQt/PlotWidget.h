@@ -99,15 +99,16 @@ class VEXEL_API PlotWidget : public QWidget {
   void note(const std::optional<std::string>& failure);
 
   std::shared_ptr<NSWindow> viewWindow_;
-  std::unique_ptr<class WindowBitmap> bitmap_;
+  std::shared_ptr<class WindowBitmap> bitmap_;
   /// Only to be compared; the view may be gone.
   const NSView* shownView_ = nullptr;
   QSize sizeHint_;
   CGPoint pointer_;
   int clickCount_ = 0;
-  /// What could not be drawn the last time, and when it is tried again.
+  /// What could not be drawn the last time.
   std::optional<std::string> failure_;
-  QTimer retry_;
+  /// Goes on with what was left, or tries again what could not be drawn.
+  QTimer next_;
 };
 
 }  // namespace vexel
