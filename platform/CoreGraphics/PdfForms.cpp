@@ -100,7 +100,7 @@ CairoSurfaceHandle PdfForms::standInFor(std::string content) {
   if (cairo_surface_set_mime_data(image.get(), CAIRO_MIME_TYPE_JPEG, bytes, name->size(), release,
                                   name.get()) != CAIRO_STATUS_SUCCESS)
     throw std::bad_alloc();
-  name.release();
+  static_cast<void>(name.release());
   contents_.push_back(std::move(content));
   return image;
 }
