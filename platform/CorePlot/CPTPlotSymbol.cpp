@@ -98,6 +98,20 @@ CGPath shape(CPTPlotSymbolType type, CGSize size, const std::optional<CGPath>& c
   return path;
 }
 
+bool isFinite(CGPoint p) {
+  return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+bool isFinite(const CGPath& path) {
+  return std::ranges::all_of(path.elements(), [](const CGPathElement& element) {
+    using Type = CGPathElement::Type;
+    if (element.type == Type::close) return true;
+    if (!isFinite(element.point)) return false;
+    return element.type != Type::curve ||
+           (isFinite(element.control1) && isFinite(element.control2));
+  });
+}
+
 bool isLines(CPTPlotSymbolType type) {
   return type == CPTPlotSymbolType::cross || type == CPTPlotSymbolType::plus ||
          type == CPTPlotSymbolType::dash || type == CPTPlotSymbolType::snow;
@@ -121,9 +135,10 @@ CGPath CPTPlotSymbol::path() const {
   const bool hasSize = size_.width > 0 && size_.height > 0 && size_.width <= kLargestSide &&
                        size_.height <= kLargestSide;
   const CGPoint shift{(0.5 - anchorPoint_.x) * size_.width, (0.5 - anchorPoint_.y) * size_.height};
-  if (!hasSize || !std::isfinite(shift.x) || !std::isfinite(shift.y)) return {};
-  return shape(symbolType_, size_, customSymbolPath_)
-      .transformed(CGAffineTransform::translation(shift.x, shift.y));
+  if (!hasSize || !isFinite(shift)) return {};
+  CGPath outline = shape(symbolType_, size_, customSymbolPath_)
+                       .transformed(CGAffineTransform::translation(shift.x, shift.y));
+  return isFinite(outline) ? outline : CGPath();
 }
 
 CGRect CPTPlotSymbol::reach() const {

@@ -193,6 +193,26 @@ TEST(CPTPlotSymbol, ACustomSymbolWithoutPathDrawsNothing) {
   EXPECT_EQ(drawn(CPTPlotSymbol::customPlotSymbol(CGPath())), "");
 }
 
+TEST(CPTPlotSymbol, ACustomShapeOfNumbersThatAreNotFiniteDrawsNothing) {
+  struct Row {
+    CGPoint corner, control;
+  };
+  for (const Row& row : {Row{{kNaN, 0}, {}}, Row{{0, -kInfinity}, {}}, Row{{0, 0}, {kInfinity, 0}},
+                         Row{{1.7e308, 0}, {-1.7e308, 0}}, Row{{1e-320, 0}, {1e308, 0}}}) {
+    CGMutablePath path;
+    path.move({0, 0});
+    path.addLine(row.corner);
+    path.addCurve({1, 1}, row.control, {2, 1});
+    path.closeSubpath();
+    const CPTPlotSymbol custom = CPTPlotSymbol::customPlotSymbol(path);
+    for (const CGPathElement& element : custom.path().elements())
+      EXPECT_TRUE(std::isfinite(element.point.x) && std::isfinite(element.control2.x));
+    if (!std::isfinite(row.corner.x + row.corner.y + row.control.x)) {
+      EXPECT_EQ(drawn(custom), "");
+    }
+  }
+}
+
 TEST(CPTPlotSymbol, AllCentresAreDrawnInOneCallInTheirOrder) {
   CPTPlotSymbol filled = symbol(Type::dash);
   EXPECT_EQ(drawn(filled), "symbols stroke #000000 width 1: M -10 0 L 10 0 at 1 2, 3 4\n");

@@ -79,7 +79,7 @@ class VEXEL_API CPTPlotSymbol {
   void setFill(std::optional<CPTFill> fill) { fill_ = std::move(fill); }
 
   /// The shape of a custom symbol, y up. It is scaled so that its bounding box takes the
-  /// symbol's size; absent: nothing is drawn.
+  /// symbol's size; absent, or beyond finite numbers when scaled: nothing is drawn.
   const std::optional<CGPath>& customSymbolPath() const { return customSymbolPath_; }
   void setCustomSymbolPath(std::optional<CGPath> path) { customSymbolPath_ = std::move(path); }
 
