@@ -17,6 +17,7 @@ namespace vexel {
 /// share a line the longest is seen.
 class BarRaster {
  public:
+  /// Which way bars go: up and down, or left and right.
   enum class Direction { upright, lying };
 
   /// For what the clip shows of the target.
