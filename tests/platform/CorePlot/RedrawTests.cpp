@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <functional>
 
 #include "platform/CorePlot/Charts.h"
@@ -229,16 +228,6 @@ TEST_F(RedrawTest, AfterEveryChangeTheKeptPictureEqualsAFreshDrawing) {
   }
 }
 
-/// Of a colour or the alpha of a pixel.
-int largestDifference(const std::vector<std::uint32_t>& a, const std::vector<std::uint32_t>& b) {
-  int largest = a.size() == b.size() ? 0 : 256;
-  for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
-    for (int shift = 0; shift < 32; shift += 8)
-      largest = std::max(largest, std::abs(static_cast<int>(a[i] >> shift & 255) -
-                                           static_cast<int>(b[i] >> shift & 255)));
-  return largest;
-}
-
 TEST_F(RedrawTest, RowsShownOneAfterTheOtherGiveTheWholePicture) {
   using Rows = std::vector<std::pair<double, double>>;
   // From the top, from the bottom, with gaps and overlaps, across pixels.
@@ -270,8 +259,7 @@ TEST_F(RedrawTest, RowsShownOneAfterTheOtherGiveTheWholePicture) {
           graph->displayChart(*context, rows);
         }
         const auto inRows = pixelsOf(*context);
-        // The coverage of a line is summed up down the rows and may be rounded another way.
-        EXPECT_LE(largestDifference(inRows, display()), 1);
+        EXPECT_TRUE(display() == inRows);
       }
       EXPECT_TRUE(display() == drawnAfresh());
     }
