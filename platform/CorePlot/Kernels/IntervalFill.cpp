@@ -11,8 +11,8 @@ namespace vexel {
 namespace {
 
 constexpr int kTileWidth = 16;
-constexpr int kGroup = 4;          // columns that are blended at once
-constexpr int kUnitsPerRow = 256;  // of y
+constexpr int kGroup = 4;               // columns that are blended at once
+constexpr unsigned kUnitsPerRow = 256;  // of y
 constexpr int kFullCoverage = 256;
 
 /// A group of full coverage.
@@ -65,27 +65,29 @@ class TileFill {
         shift_(std::countr_zero(static_cast<unsigned>(linesPerPixel))) {
     for (int i = 0; i < kTileWidth; ++i) half_[i] = static_cast<std::int16_t>(linesPerPixel / 2);
     // An edge on the last row's lower end writes the two rows behind it.
-    differences_.resize(static_cast<std::size_t>(rowCount) + 2);
+    differences_.resize((static_cast<std::size_t>(rowCount) + 2) * kTileWidth);
     const std::uint32_t pair[] = {color, color};
     channels_ = loadPair(pair);
   }
 
   void add(int column, float low, float high) {
-    const int from = units(low);
-    const int to = units(high);
+    const unsigned from = units(low);
+    const unsigned to = units(high);
     addEdge(column, from, 1);
     addEdge(column, to, -1);
-    firstRow_ = std::min(firstRow_, from / kUnitsPerRow);
-    lastRow_ = std::max(lastRow_, to / kUnitsPerRow);
+    firstRow_ = std::min(firstRow_, static_cast<int>(from / kUnitsPerRow));
+    lastRow_ = std::max(lastRow_, static_cast<int>(to / kUnitsPerRow));
   }
 
   /// Blends over the pixels right of and below `corner`, at most `columns`, and starts afresh.
   void blend(std::uint32_t* corner, std::ptrdiff_t stride, int columns) {
     Tile sum{};
     for (int row = firstRow_; row <= lastRow_ + 1; ++row) {
-      Tile& difference = differences_[static_cast<std::size_t>(row)];
-      sum += difference;
-      difference = Tile{};
+      std::int16_t* const changes = changesOf(static_cast<unsigned>(row));
+      Tile tile;
+      std::memcpy(&tile, changes, sizeof tile);
+      sum += tile;
+      std::memset(changes, 0, sizeof tile);
       if (row < rowCount_) blendRow(corner + row * stride, sum, columns);
     }
     firstRow_ = rowCount_;
@@ -93,18 +95,18 @@ class TileFill {
   }
 
  private:
-  int units(float y) const {
+  unsigned units(float y) const {
     const float clamped = std::clamp(y, 0.0F, static_cast<float>(rowCount_));
-    return static_cast<int>(clamped * kUnitsPerRow + 0.5F);
+    return static_cast<unsigned>(static_cast<int>(clamped * kUnitsPerRow + 0.5F));
   }
 
-  void addEdge(int column, int at, int sign) {
-    const auto row = static_cast<std::size_t>(at / kUnitsPerRow);
-    const int part = at % kUnitsPerRow;
-    differences_[row][column] =
-        static_cast<std::int16_t>(differences_[row][column] + sign * (kUnitsPerRow - part));
-    differences_[row + 1][column] =
-        static_cast<std::int16_t>(differences_[row + 1][column] + sign * part);
+  std::int16_t* changesOf(unsigned row) { return differences_.data() + row * kTileWidth; }
+
+  void addEdge(int column, unsigned at, int sign) {
+    std::int16_t* const above = changesOf(at / kUnitsPerRow) + column;
+    const int part = static_cast<int>(at % kUnitsPerRow);
+    above[0] = static_cast<std::int16_t>(above[0] + sign * (int{kUnitsPerRow} - part));
+    above[kTileWidth] = static_cast<std::int16_t>(above[kTileWidth] + sign * part);
   }
 
   void blendRow(std::uint32_t* pixels, const Tile& sum, int columns) const {
@@ -140,7 +142,7 @@ class TileFill {
   Channels channels_;
   int firstRow_ = rowCount_;
   int lastRow_ = -1;
-  std::vector<Tile> differences_;
+  std::vector<std::int16_t> differences_;  // of each row from the one above it
 };
 
 }  // namespace
