@@ -123,7 +123,8 @@ void PixelTarget::cover(std::span<const CGRect> boxes, std::uint32_t premultipli
     for (const Part& rows : partsOf(box.minY(), box.maxY(), visible.top, visible.bottom))
       for (const Part& columns : columnParts) {
         const PixelRect area{columns.begin, rows.begin, columns.end, rows.end};
-        const auto weight = static_cast<std::uint32_t>(255 * rows.share * columns.share + 0.5);
+        const auto weight =
+            static_cast<std::uint32_t>(std::floor(255 * rows.share * columns.share + 0.5));
         if (!area.isEmpty()) areas.push_back({area, scaledPixel(premultipliedColor, weight)});
       }
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include <Foundation/FatalError.h>
 #include <Foundation/NSNumberFormatter.h>
@@ -11,10 +12,11 @@ namespace vexel {
 namespace {
 
 std::set<double> finite(std::set<double> locations) {
+  const auto isFinite = [](double location) { return std::isfinite(location); };
+  if (std::ranges::all_of(locations, isFinite)) return locations;
   // NaN is not ordered: a set that contains one cannot be searched, only walked.
   std::set<double> result;
-  for (const double location : locations)
-    if (std::isfinite(location)) result.insert(location);
+  std::ranges::copy_if(locations, std::inserter(result, result.end()), isFinite);
   return result;
 }
 
