@@ -218,11 +218,12 @@ void ImpactFigure::addBox() {
       .labelOffset = 0.0f,
       .labelRotation = 0.0f,
   });
-  const auto middle = (box_.values[0] + box_.values[2]) / 2;
+  // Higher than the neighbouring bars.
+  const auto height = (box_.values[0] + 3 * box_.values[2]) / 4;
   addAnnotation(" strongest stream",
                 {.graph = graphs().front(),
                  .anchorPlotPoint =
-                     std::vector{static_cast<float>(box_.times[1]), static_cast<float>(middle)},
+                     std::vector{static_cast<float>(box_.times[1]), static_cast<float>(height)},
                  .fontSize = kNoteSize});
 }
 
