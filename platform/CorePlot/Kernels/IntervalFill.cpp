@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kTileWidth = 16;
 constexpr int kGroup = 4;               // columns that are blended at once
+constexpr int kSparse = 4;              // rows for each edge
 constexpr unsigned kUnitsPerRow = 256;  // of y
 constexpr int kFullCoverage = 256;
 
@@ -21,6 +22,7 @@ constexpr std::uint64_t kFullGroup = 0x0100010001000100;
 using Channels = std::uint16_t __attribute__((vector_size(16)));  // of two pixels
 using Bytes = std::uint8_t __attribute__((vector_size(8)));
 using Tile = std::int16_t __attribute__((vector_size(2 * kTileWidth)));
+using Coverage = std::array<std::uint64_t, kTileWidth / kGroup>;
 
 Channels loadPair(const std::uint32_t* pixels) {
   Bytes bytes;
@@ -38,22 +40,36 @@ Channels dividedBy255(Channels product) {
   return (product + (product >> 8)) >> 8;
 }
 
-/// Lays `weights` 256ths of a colour over two pixels.
-void blendPair(std::uint32_t* pixels, Channels color, Channels weights) {
-  const Channels source = (color * weights + kFullCoverage / 2) >> 8;
-  const Channels alphas = __builtin_shufflevector(source, source, 3, 3, 3, 3, 7, 7, 7, 7);
-  storePair(pixels, source + dividedBy255(loadPair(pixels) * (255 - alphas)));
-}
+/// A colour laid over a group of pixels by the same shares in several rows.
+class GroupBlend {
+ public:
+  GroupBlend(Channels color, std::uint64_t coverage) {
+    using Words = std::uint64_t __attribute__((vector_size(16)));
+    using Pairs = std::uint32_t __attribute__((vector_size(16)));
+    const auto c = reinterpret_cast<Channels>(Words{coverage, 0});
+    const auto twice =
+        reinterpret_cast<Pairs>(__builtin_shufflevector(c, c, 0, 0, 1, 1, 2, 2, 3, 3));
+    const Pairs pairs[] = {__builtin_shufflevector(twice, twice, 0, 0, 1, 1),
+                           __builtin_shufflevector(twice, twice, 2, 2, 3, 3)};
+    for (int i = 0; i < 2; ++i) {
+      const auto weights = reinterpret_cast<Channels>(pairs[i]);
+      const Channels source = (color * weights + kFullCoverage / 2) >> 8;
+      sources_[i] = source;
+      rests_[i] = 255 - __builtin_shufflevector(source, source, 3, 3, 3, 3, 7, 7, 7, 7);
+    }
+  }
 
-void blendGroup(std::uint32_t* pixels, Channels color, std::uint64_t coverage) {
-  using Words = std::uint64_t __attribute__((vector_size(16)));
-  using Pairs = std::uint32_t __attribute__((vector_size(16)));
-  const auto c = reinterpret_cast<Channels>(Words{coverage, 0});
-  const auto twice = reinterpret_cast<Pairs>(__builtin_shufflevector(c, c, 0, 0, 1, 1, 2, 2, 3, 3));
-  const auto weights = [](Pairs pairs) { return reinterpret_cast<Channels>(pairs); };
-  blendPair(pixels, color, weights(__builtin_shufflevector(twice, twice, 0, 0, 1, 1)));
-  blendPair(pixels + 2, color, weights(__builtin_shufflevector(twice, twice, 2, 2, 3, 3)));
-}
+  void layOver(std::uint32_t* pixels) const {
+    for (int i = 0; i < 2; ++i) {
+      const Channels below = loadPair(pixels + 2 * i);
+      storePair(pixels + 2 * i, sources_[i] + dividedBy255(below * rests_[i]));
+    }
+  }
+
+ private:
+  Channels sources_[2];
+  Channels rests_[2];  // what they leave of the pixels below, of 255
+};
 
 /// Collects intervals of kTileWidth columns and blends them at once.
 class TileFill {
@@ -75,21 +91,19 @@ class TileFill {
     const unsigned to = units(high);
     addEdge(column, from, 1);
     addEdge(column, to, -1);
+    edges_ += 2;
     firstRow_ = std::min(firstRow_, static_cast<int>(from / kUnitsPerRow));
     lastRow_ = std::max(lastRow_, static_cast<int>(to / kUnitsPerRow));
   }
 
   /// Blends over the pixels right of and below `corner`, at most `columns`, and starts afresh.
   void blend(std::uint32_t* corner, std::ptrdiff_t stride, int columns) {
-    Tile sum{};
-    for (int row = firstRow_; row <= lastRow_ + 1; ++row) {
-      std::int16_t* const changes = changesOf(static_cast<unsigned>(row));
-      Tile tile;
-      std::memcpy(&tile, changes, sizeof tile);
-      sum += tile;
-      std::memset(changes, 0, sizeof tile);
-      if (row < rowCount_) blendRow(corner + row * stride, sum, columns);
-    }
+    // Along a vertical line most rows are like those above them.
+    if (edges_ < (lastRow_ - firstRow_) / kSparse)
+      blendRuns(corner, stride, columns);
+    else
+      blendEachRow(corner, stride, columns);
+    edges_ = 0;
     firstRow_ = rowCount_;
     lastRow_ = -1;
   }
@@ -109,27 +123,68 @@ class TileFill {
     above[kTileWidth] = static_cast<std::int16_t>(above[kTileWidth] + sign * part);
   }
 
-  void blendRow(std::uint32_t* pixels, const Tile& sum, int columns) const {
+  void blendEachRow(std::uint32_t* corner, std::ptrdiff_t stride, int columns) {
+    Tile sum{};
+    for (int row = firstRow_; row <= lastRow_ + 1; ++row) {
+      take(changesOf(static_cast<unsigned>(row)), sum);
+      if (row < rowCount_) blendRows(corner + row * stride, stride, 1, sum, columns);
+    }
+  }
+
+  void blendRuns(std::uint32_t* corner, std::ptrdiff_t stride, int columns) {
+    Tile sum{};
+    int top = firstRow_;
+    for (int row = firstRow_; row <= lastRow_ + 1; ++row) {
+      std::int16_t* const changes = changesOf(static_cast<unsigned>(row));
+      if (isZero(changes)) continue;
+      blendRows(corner + top * stride, stride, std::min(row, rowCount_) - top, sum, columns);
+      take(changes, sum);
+      top = row;
+    }
+  }
+
+  static void take(std::int16_t* changes, Tile& sum) {
+    Tile tile;
+    std::memcpy(&tile, changes, sizeof tile);
+    sum += tile;
+    std::memset(changes, 0, sizeof tile);
+  }
+
+  static bool isZero(const std::int16_t* changes) {
+    Coverage words;
+    std::memcpy(words.data(), changes, sizeof words);
+    return (words[0] | words[1] | words[2] | words[3]) == 0;
+  }
+
+  void blendRows(std::uint32_t* pixels, std::ptrdiff_t stride, int rows, const Tile& sum,
+                 int columns) const {
     const Tile shares = (sum + half_) >> shift_;
-    std::array<std::uint64_t, kTileWidth / kGroup> coverage;
+    Coverage coverage;
     std::memcpy(coverage.data(), &shares, sizeof shares);
     int column = 0;
     for (const std::uint64_t group : coverage) {
-      if (group != 0) blend(pixels + column, group, std::min(kGroup, columns - column));
+      if (group != 0)
+        blendGroup(pixels + column, stride, rows, group, std::min(kGroup, columns - column));
       column += kGroup;
     }
   }
 
   /// The last columns of a group may be outside.
-  void blend(std::uint32_t* pixels, std::uint64_t coverage, int columns) const {
+  void blendGroup(std::uint32_t* pixels, std::ptrdiff_t stride, int rows, std::uint64_t coverage,
+                  int columns) const {
     if (isOpaque_ && coverage == kFullGroup) {
-      std::fill_n(pixels, kGroup, color_);
-    } else if (columns == kGroup) {
-      blendGroup(pixels, channels_, coverage);
-    } else {
+      for (int row = 0; row < rows; ++row) std::fill_n(pixels + row * stride, kGroup, color_);
+      return;
+    }
+    const GroupBlend group(channels_, coverage);
+    for (int row = 0; row < rows; ++row, pixels += stride) {
+      if (columns == kGroup) {
+        group.layOver(pixels);
+        continue;
+      }
       std::uint32_t copy[kGroup] = {};
       for (int i = 0; i < columns; ++i) copy[i] = pixels[i];
-      blendGroup(copy, channels_, coverage);
+      group.layOver(copy);
       for (int i = 0; i < columns; ++i) pixels[i] = copy[i];
     }
   }
@@ -140,6 +195,7 @@ class TileFill {
   int shift_;  // from sums over the lines of a pixel to its coverage
   Tile half_;
   Channels channels_;
+  int edges_ = 0;
   int firstRow_ = rowCount_;
   int lastRow_ = -1;
   std::vector<std::int16_t> differences_;  // of each row from the one above it

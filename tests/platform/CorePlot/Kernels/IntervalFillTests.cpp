@@ -46,6 +46,35 @@ TEST(IntervalFill, CoversPartsOfOneRow) {
             (std::vector<std::uint32_t>{kWhite, 0xFF7F7F7F, 0xFFBFBFBF, 0xFF7F7F7F}));
 }
 
+TEST(IntervalFill, TallColumnsLookLikeTheirParts) {
+  constexpr int kHeight = 700;
+  for (const std::uint32_t color : {kBlack, 0x80402010u, 0xFF336699u})
+    for (const int width : {1, 3, 4, 5, 16, 19}) {
+      LineIntervals intervals(8 * width);
+      // Steep edges of few columns, and rows without any between them.
+      for (int line = 0; line < 8 * width; line += 5) {
+        intervals.add(line, 3.4F + static_cast<float>(line), 250.25F);
+        intervals.add(line, 300.5F, 690.9F);
+      }
+      intervals.finish();
+      Canvas whole(width, kHeight, kWhite), parts(width, kHeight, kWhite);
+      fillIntervals(intervals, 8, color, whole.buffer, {0, 0, width, kHeight});
+      for (int top = 0; top < kHeight; top += 7) {
+        LineIntervals moved(8 * width);
+        for (int line = 0; line < 8 * width; line += 5) {
+          const auto from = static_cast<float>(top);
+          moved.add(line, 3.4F + static_cast<float>(line) - from, 250.25F - from);
+          moved.add(line, 300.5F - from, 690.9F - from);
+        }
+        moved.finish();
+        fillIntervals(moved, 8, color, parts.buffer, {0, top, width, top + 7});
+      }
+      EXPECT_EQ(whole.pixels, parts.pixels) << width;
+      EXPECT_NE(whole.at(0, 100), kWhite);
+      EXPECT_EQ(whole.at(0, 280), kWhite);
+    }
+}
+
 TEST(IntervalFill, CutsIntervalsAtTheClip) {
   Canvas canvas(3, 6, kWhite);
   LineIntervals intervals(8);
