@@ -120,17 +120,20 @@ double steepestSegment(const SeriesLine& line, std::pair<std::size_t, std::size_
   const double width = line.xScale.extent * std::abs(transform.a);
   if (count < 2 || count > kFewRecords * width) return kUnknown;
   double steepest = 0;
+  bool isPlain = true;
   std::optional<CGPoint> first, last;
   forCorners(line, records, transform, 0, [&](CGPoint corner) {
     if (last) {
       const double slope = std::abs((corner.y - last->y) / (corner.x - last->x));
       // Gaps and equal records have none.
-      steepest = std::isfinite(slope) ? std::max(steepest, slope) : kUnknown;
+      if (!std::isfinite(slope)) isPlain = false;
+      steepest = std::max(steepest, slope);
     }
     if (!first) first = corner;
     last = corner;
   });
-  return std::abs(last->x - first->x) >= kLongLine ? steepest : kUnknown;
+  if (!isPlain || !(std::abs(last->x - first->x) >= kLongLine)) return kUnknown;
+  return steepest;
 }
 
 /// False, and nothing is drawn, where the line needs a path.

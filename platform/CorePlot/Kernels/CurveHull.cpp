@@ -35,7 +35,7 @@ CurveHull::CurveHull(const PixelRect& view, int linesPerPixel, double radius)
   lastLine_ = first_ - 1;
   for (Side* const side : {&downwards_, &upwards_})
     for (auto* const lines : {&side->onLines, &side->behindLines})
-      lines->assign(static_cast<std::size_t>(first_ + kBlock), kNowhere);
+      lines->assign(static_cast<std::size_t>(first_) + kBlock, kNowhere);
 }
 
 void CurveHull::add(std::span<const CGPoint> points) {
@@ -112,7 +112,7 @@ CurveHull::Reach CurveHull::reachOf(const Side& side, int line) const {
     const auto& curve = isOnLine ? side.onLines : side.behindLines;
     const float* const from = curve.data() + middle + (isOnLine ? i : i - 1) / 2;
     const float height = pen_[static_cast<std::size_t>(std::abs(i))];
-    for (int k = 0; k < kBlock / kLines; ++k) {
+    for (std::ptrdiff_t k = 0; k < kBlock / kLines; ++k) {
       Lines outline;
       std::memcpy(&outline, from + k * kLines, sizeof outline);
       outline += height;

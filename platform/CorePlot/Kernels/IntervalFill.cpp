@@ -14,6 +14,7 @@ constexpr int kTileWidth = 16;
 constexpr int kGroup = 4;               // columns that are blended at once
 constexpr int kSparse = 4;              // rows for each edge
 constexpr unsigned kUnitsPerRow = 256;  // of y
+constexpr float kHalf = 0.5F;           // rounds what is not negative
 constexpr int kFullCoverage = 256;
 
 /// A group of full coverage.
@@ -60,7 +61,7 @@ class GroupBlend {
   }
 
   void layOver(std::uint32_t* pixels) const {
-    for (int i = 0; i < 2; ++i) {
+    for (std::ptrdiff_t i = 0; i < 2; ++i) {
       const Channels below = loadPair(pixels + 2 * i);
       storePair(pixels + 2 * i, sources_[i] + dividedBy255(below * rests_[i]));
     }
@@ -111,10 +112,12 @@ class TileFill {
  private:
   unsigned units(float y) const {
     const float clamped = std::clamp(y, 0.0F, static_cast<float>(rowCount_));
-    return static_cast<unsigned>(static_cast<int>(clamped * kUnitsPerRow + 0.5F));
+    return static_cast<unsigned>(static_cast<int>(clamped * kUnitsPerRow + kHalf));
   }
 
-  std::int16_t* changesOf(unsigned row) { return differences_.data() + row * kTileWidth; }
+  std::int16_t* changesOf(unsigned row) {
+    return differences_.data() + std::size_t{row} * kTileWidth;
+  }
 
   void addEdge(int column, unsigned at, int sign) {
     std::int16_t* const above = changesOf(at / kUnitsPerRow) + column;

@@ -32,7 +32,7 @@ bool isNear(CGPoint p) {
 
 int linesPerPixel(double width, double steepest) {
   int lines = width < 1 ? kLinesOfThinPens : kLinesOfPens;
-  while (lines > kFewestLines && steepest * kLinesPerSlope <= lines / 2) lines /= 2;
+  while (lines > kFewestLines && 2 * steepest * kLinesPerSlope <= lines) lines /= 2;
   return lines;
 }
 
