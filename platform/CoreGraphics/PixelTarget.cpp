@@ -117,6 +117,7 @@ void PixelTarget::copy(const PixelTarget& source, int dx, int dy) {
 
 void PixelTarget::cover(std::span<const CGRect> boxes, std::uint32_t premultipliedColor) {
   const PixelRect visible = clip();
+  if (visible.isEmpty()) return;
   std::vector<CoveredArea> areas;
   for (const CGRect& box : boxes) {
     const auto columnParts = partsOf(box.minX(), box.maxX(), visible.left, visible.right);

@@ -189,6 +189,21 @@ TEST(CGBitmapContext, AlignedLinesOnTheBorderStayVisible) {
   }
 }
 
+TEST(CGBitmapContext, AlignedLinesThroughAClipBesideTheBitmapDrawNothing) {
+  for (const CGPoint corner : {CGPoint{50, 5}, CGPoint{-50, 5}, CGPoint{5, 50}, CGPoint{5, -50}}) {
+    const Bitmap bitmap = whiteBitmap(40, 40);
+    const auto layer = bitmap->makeLayer(CGRect::make(10, 10, 20, 20));
+    for (CGContext* context : {static_cast<CGContext*>(bitmap.get()), &layer->context()}) {
+      context->clip({corner, {9, 9}});
+      context->stroke(linePath({-90, 15}, {90, 15}), aligned());
+      context->stroke(linePath({15, -90}, {15, 90}), aligned());
+      context->fillAligned(CGRect::make(-90, -90, 200, 200), kBlack);
+    }
+    bitmap->drawLayer(*layer);
+    EXPECT_EQ(inkedPixels(*bitmap), 0) << corner.x << ' ' << corner.y;
+  }
+}
+
 TEST(CGBitmapContext, AlignedLinesBeyondTheBorderStayAway) {
   const Bitmap bitmap = whiteBitmap(20, 10);
   bitmap->stroke(linePath({-3, 0}, {-3, 10}), aligned());
