@@ -205,7 +205,8 @@ TEST(CPTPlotSymbol, ACustomShapeOfNumbersThatAreNotFiniteDrawsNothing) {
     path.addCurve({1, 1}, row.control, {2, 1});
     path.closeSubpath();
     const CPTPlotSymbol custom = CPTPlotSymbol::customPlotSymbol(path);
-    for (const CGPathElement& element : custom.path().elements())
+    const CGPath shape = custom.path();
+    for (const CGPathElement& element : shape.elements())
       EXPECT_TRUE(std::isfinite(element.point.x) && std::isfinite(element.control2.x));
     if (!std::isfinite(row.corner.x + row.corner.y + row.control.x)) {
       EXPECT_EQ(drawn(custom), "");
