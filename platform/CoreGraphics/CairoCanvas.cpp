@@ -187,8 +187,8 @@ void CairoCanvas::fillAligned(const CGRect& rect, const CGColor& color) {
 }
 
 bool CairoCanvas::fillPlain(const CGRect& rect, const CGColor& color) {
-  if (!isDrawable() || !isAxisAligned() || !state_.clipIsRectangle || color.alpha() < 1)
-    return false;
+  const bool isPlain = color.alpha() >= 1 && isAxisAligned() && state_.clipIsRectangle;
+  if (!isDrawable() || !isPlain) return false;
   const PixelRect box =
       pixelRect(toPixelEdges(transformed(rect, state_.transform)).intersection(state_.clipBox));
   if (box.isEmpty()) return true;

@@ -43,8 +43,9 @@ wait_for() {
   done
 }
 
-# A display whose number nobody else has.
-Xvfb -displayfd 5 -screen 0 1400x1000x24 -nolisten tcp 5>"$folder/number" 2>"$folder/Xvfb" &
+# A display whose number nobody else has. It would start anew, and refuse whoever comes meanwhile,
+# whenever the last program leaves it.
+Xvfb -noreset -displayfd 5 -screen 0 1400x1000x24 -nolisten tcp 5>"$folder/number" 2>"$folder/Xvfb" &
 display=$!
 wait_for 20 test -s "$folder/number" || give_up "no display: $(cat "$folder/Xvfb")"
 DISPLAY=:$(cat "$folder/number")

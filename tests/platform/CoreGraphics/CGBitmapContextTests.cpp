@@ -274,6 +274,12 @@ TEST(CGBitmapContext, PlainFillsLieOnOneAnotherInTheirOrder) {
             }
 }
 
+TEST(CGBitmapContext, AFillWithoutAnAlphaThatIsANumberIsTransparent) {
+  const Bitmap bitmap = whiteBitmap(8, 8);
+  bitmap->fillAligned(CGRect::make(2, 2, 4, 4), CGColor::genericRGB(0, 0, 0, kNaN));
+  EXPECT_EQ(inkedPixels(*bitmap), 0);
+}
+
 TEST(CGBitmapContext, WhateverIsDrawnLiesOnThePlainFillBefore) {
   const auto layered = [](CGContext& context) {
     const auto layer = context.makeLayer(CGRect::make(0, 0, 30, 30));
