@@ -110,15 +110,14 @@ double narrowPart(const SeriesLine& line) {
   return line.interpolation == CPTScatterPlotInterpolation::linear ? kNarrow : kNarrowSteps;
 }
 
-/// The steepest segment between the records, in y over x of the transform; infinity where the line
-/// has many records or gaps, or is short, so that its ends matter.
-double steepestSegment(const SeriesLine& line, std::pair<std::size_t, std::size_t> records,
-                       const CGAffineTransform& transform) {
-  constexpr double kUnknown = std::numeric_limits<double>::infinity();
+/// Of the line between the records, in the coordinates of the transform. How steep it is is looked
+/// up where it has few records, no gaps, and is not so short that its ends matter.
+CurveShape shapeOf(const SeriesLine& line, std::pair<std::size_t, std::size_t> records,
+                   const CGAffineTransform& transform) {
   const auto count = static_cast<double>(records.second - records.first);
   // The same for every part of a picture, however small.
-  const double width = line.xScale.extent * std::abs(transform.a);
-  if (count < 2 || count > kFewRecords * width) return kUnknown;
+  CurveShape shape{.pointsPerPixel = count / (line.xScale.extent * std::abs(transform.a))};
+  if (count < 2 || shape.pointsPerPixel > kFewRecords) return shape;
   double steepest = 0;
   bool isPlain = true;
   std::optional<CGPoint> first, last;
@@ -132,8 +131,8 @@ double steepestSegment(const SeriesLine& line, std::pair<std::size_t, std::size_
     if (!first) first = corner;
     last = corner;
   });
-  if (!isPlain || !(std::abs(last->x - first->x) >= kLongLine)) return kUnknown;
-  return steepest;
+  if (isPlain && std::abs(last->x - first->x) >= kLongLine) shape.steepest = steepest;
+  return shape;
 }
 
 /// False, and nothing is drawn, where the line needs a path.
@@ -149,7 +148,7 @@ bool strokeOnPixels(CGContext& context, const SeriesLine& line, const CGStrokeSt
       return;
     if (width > LineRaster::kMaximumWidth) return;
     const auto records = visibleRecords(line, style.width);
-    LineRaster raster(pixels.buffer, pixels.clip, width, steepestSegment(line, records, t));
+    LineRaster raster(pixels.buffer, pixels.clip, width, shapeOf(line, records, t));
     std::array<CGPoint, kCornersAtOnce> some;
     std::size_t count = 0;
     forCorners(line, records, t, narrowPart(line), [&](CGPoint corner) {

@@ -14,6 +14,9 @@ namespace {
 /// Sampling lines per pixel. On steep pieces a pen thinner than a pixel covers too few of 16.
 constexpr int kLinesOfPens = 16;
 constexpr int kLinesOfThinPens = 32;
+/// A crowd of so many points in a pixel shows few thin pieces.
+constexpr int kLinesInCrowds = 8;
+constexpr double kCrowd = 20;
 
 /// On flat pieces the shift of points by half of the lines' distance is hardly one in y: so many
 /// lines make it a 32nd of a pixel.
@@ -30,9 +33,10 @@ bool isNear(CGPoint p) {
   return std::abs(p.x) <= CurveHull::kFar && std::abs(p.y) <= CurveHull::kFar;
 }
 
-int linesPerPixel(double width, double steepest) {
+int linesPerPixel(double width, const CurveShape& curve) {
+  if (width >= 1 && curve.pointsPerPixel >= kCrowd) return kLinesInCrowds;
   int lines = width < 1 ? kLinesOfThinPens : kLinesOfPens;
-  while (lines > kFewestLines && 2 * steepest * kLinesPerSlope <= lines) lines /= 2;
+  while (lines > kFewestLines && 2 * curve.steepest * kLinesPerSlope <= lines) lines /= 2;
   return lines;
 }
 
@@ -44,11 +48,11 @@ PixelRect visiblePart(const PixelBuffer& target, const PixelRect& clip) {
 }  // namespace
 
 LineRaster::LineRaster(const PixelBuffer& target, const PixelRect& clip, double width,
-                       double steepest)
+                       const CurveShape& curve)
     : target_(target),
       view_(visiblePart(target, clip)),
       width_(width),
-      linesPerPixel_(linesPerPixel(width, steepest)),
+      linesPerPixel_(linesPerPixel(width, curve)),
       hull_(view_, linesPerPixel_, width / 2),
       intervals_(view_.width() * linesPerPixel_),
       last_{kNaN, kNaN} {}

@@ -2,53 +2,17 @@
 
 #include <cmath>
 
+#include "LeafSummaries.h"
+
 namespace vexel {
 
 namespace {
 
 constexpr std::size_t kLanes = 4;
+constexpr std::size_t kLeavesAtOnce = 16;
 
 bool isSample(double x, double y) {
   return std::isfinite(x) && std::isfinite(y);
-}
-
-struct Summary {
-  RangeIndex::Extremes extremes;
-  bool rises = false;
-  bool falls = false;
-  bool hasGap = false;
-};
-
-/// Of `count` samples, a multiple of kLanes, with an x before them. What it says of extremes and
-/// order holds only when there is no gap. Separate lanes let the compiler use vectors.
-Summary summaryWithoutGaps(const double* x, const double* y, std::size_t count) {
-  const double* const previous = x - 1;
-  double low[kLanes], high[kLanes], fall[kLanes], rise[kLanes], remainder[kLanes];
-  for (std::size_t lane = 0; lane < kLanes; ++lane) {
-    low[lane] = high[lane] = y[lane];
-    fall[lane] = rise[lane] = 0;
-    remainder[lane] = *previous - *previous;
-  }
-  for (std::size_t i = 0; i < count; i += kLanes)
-    for (std::size_t lane = 0; lane < kLanes; ++lane) {
-      const double xi = x[i + lane];
-      const double yi = y[i + lane];
-      const double step = xi - previous[i + lane];
-      low[lane] = yi < low[lane] ? yi : low[lane];
-      high[lane] = yi > high[lane] ? yi : high[lane];
-      fall[lane] = step < fall[lane] ? step : fall[lane];
-      rise[lane] = step > rise[lane] ? step : rise[lane];
-      remainder[lane] += (xi - xi) + (yi - yi);  // 0 unless one is not finite
-    }
-  Summary summary;
-  for (std::size_t lane = 0; lane < kLanes; ++lane) {
-    summary.extremes.lowest = std::min(summary.extremes.lowest, low[lane]);
-    summary.extremes.highest = std::max(summary.extremes.highest, high[lane]);
-    summary.falls = summary.falls || fall[lane] < 0;
-    summary.rises = summary.rises || rise[lane] > 0;
-    summary.hasGap = summary.hasGap || remainder[lane] != 0;
-  }
-  return summary;
 }
 
 }  // namespace
@@ -71,7 +35,11 @@ void RangeIndex::extend(CPTNumericData x, CPTNumericData y) {
   levels_[0].hasGap.resize(nodes);
   leafX_.resize(nodes);
   leafY_.resize(nodes);
-  for (std::size_t leaf = changed; leaf < nodes; ++leaf) readLeaf(leaf, known);
+  // Whole leaves behind the first new one are quick to read.
+  const std::size_t whole = newCount / kLeafSize;
+  if (changed < nodes) readLeaf(changed, known);
+  readLeaves(changed + 1, whole);
+  for (std::size_t leaf = std::max(changed + 1, whole); leaf < nodes; ++leaf) readLeaf(leaf, known);
   for (std::size_t level = 1; nodes > 1; ++level) {
     changed /= kFanOut;
     nodes = (nodes + kFanOut - 1) / kFanOut;
@@ -85,28 +53,45 @@ void RangeIndex::extend(CPTNumericData x, CPTNumericData y) {
   }
 }
 
+void RangeIndex::readLeaves(std::size_t first, std::size_t last) {
+  static_assert(kLeafSize == kSamplesOfLeaf);
+  std::array<double, kLeavesAtOnce * kLeafSize + 1> xBuffer, yBuffer;
+  std::array<LeafSummary, kLeavesAtOnce> summaries;
+  SummarizeLeaves* const summarize = waysToSummarizeLeaves().back();
+  for (std::size_t begin = first; begin < last; begin += kLeavesAtOnce) {
+    const std::size_t leaves = std::min(kLeavesAtOnce, last - begin);
+    const std::size_t samples = leaves * kLeafSize;
+    const double* x = x_.read(begin * kLeafSize - 1, samples + 1, xBuffer.data()) + 1;
+    const double* y = y_.read(begin * kLeafSize, samples, yBuffer.data());
+    summarize(x, y, std::span(summaries).first(leaves));
+    for (std::size_t i = 0; i < leaves; ++i, x += kLeafSize, y += kLeafSize) {
+      const std::size_t leaf = begin + i;
+      const LeafSummary& summary = summaries[i];
+      if (!summary.isPlain) {
+        readLeaf(leaf, 0);
+        continue;
+      }
+      levels_[0].extremes[leaf] = {summary.lowest, summary.highest};
+      levels_[0].hasGap[leaf] = false;
+      isAscending_ = isAscending_ && !summary.falls;
+      isDescending_ = isDescending_ && !summary.rises;
+      leafX_[leaf] = x[0];
+      leafY_[leaf] = y[0];
+      lastX_ = x[kLeafSize - 1];
+      lastY_ = y[kLeafSize - 1];
+    }
+  }
+}
+
 void RangeIndex::readLeaf(std::size_t leaf, std::size_t known) {
   const std::size_t begin = leaf * kLeafSize;
   const std::size_t samples = std::min(kLeafSize, count() - begin);
-  const std::size_t before = begin > 0 ? 1 : 0;  // the x of which the order is looked at, too
-  std::array<double, kLeafSize + 1> xBuffer, yBuffer;
-  const double* x = x_.read(begin - before, samples + before, xBuffer.data()) + before;
+  std::array<double, kLeafSize> xBuffer, yBuffer;
+  const double* x = x_.read(begin, samples, xBuffer.data());
   const double* y = y_.read(begin, samples, yBuffer.data());
   leafX_[leaf] = x[0];
   leafY_[leaf] = y[0];
   lastY_ = y[samples - 1];
-  if (before == 1 && begin >= known && samples == kLeafSize) {
-    const Summary summary = summaryWithoutGaps(x, y, kLeafSize);
-    if (!summary.hasGap) {
-      levels_[0].extremes[leaf] = summary.extremes;
-      levels_[0].hasGap[leaf] = false;
-      isAscending_ = isAscending_ && !summary.falls;
-      isDescending_ = isDescending_ && !summary.rises;
-      lastX_ = x[kLeafSize - 1];
-      return;
-    }
-  }
-
   for (std::size_t i = known > begin ? known - begin : 0; i < samples; ++i) readOrder(x[i]);
   Extremes found;
   bool hasGap = false;

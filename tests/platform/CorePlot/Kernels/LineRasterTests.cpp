@@ -46,8 +46,9 @@ class Picture {
   void stroke(const Points& points, double width, std::uint32_t color = kBlack) {
     stroke(points, width, color, all());
   }
-  void stroke(const Points& points, double width, std::uint32_t color, const PixelRect& clip) {
-    LineRaster line(buffer(), clip, width);
+  void stroke(const Points& points, double width, std::uint32_t color, const PixelRect& clip,
+              const CurveShape& shape = {}) {
+    LineRaster line(buffer(), clip, width, shape);
     line.add(points);
     line.draw(color);
   }
@@ -111,7 +112,8 @@ Difference difference(const Picture& a, const Picture& b) {
 void expectLikePlainStroke(const std::string& name, int width, int height, const Points& points,
                            double lineWidth, std::uint32_t color) {
   Picture picture(width, height);
-  picture.stroke(points, lineWidth, color);
+  picture.stroke(points, lineWidth, color, picture.all(),
+                 {.pointsPerPixel = static_cast<double>(points.size()) / width});
   const Difference found =
       difference(picture, plainStroke(width, height, points, lineWidth, color));
   std::cout << name << ", width " << lineWidth << ", alpha " << (color >> 24) << ": "
@@ -150,8 +152,8 @@ INSTANTIATE_TEST_SUITE_P(Sparse, LineRasterOfWalks,
                                           testing::Values(kBlack, kHalfBlack)));
 // The plain stroke takes seconds here.
 INSTANTIATE_TEST_SUITE_P(Dense, LineRasterOfWalks,
-                         testing::Combine(testing::Values(100000), testing::Values(0.5, 1.0, 5.0),
-                                          testing::Values(kBlack)));
+                         testing::Combine(testing::Values(32000, 100000),
+                                          testing::Values(0.5, 1.0, 5.0), testing::Values(kBlack)));
 INSTANTIATE_TEST_SUITE_P(DenseTranslucent, LineRasterOfWalks,
                          testing::Values(std::tuple{100000, 1.0, kHalfBlack}));
 

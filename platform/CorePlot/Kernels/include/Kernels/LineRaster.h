@@ -12,6 +12,14 @@
 
 namespace vexel {
 
+/// What is known of a curve.
+struct CurveShape {
+  /// No segment is steeper, in y over x; infinity when this is not known or the curve has gaps.
+  double steepest = std::numeric_limits<double>::infinity();
+  /// On average, over all of the width that pictures show; 0 when this is not known.
+  double pointsPerPixel = 0;
+};
+
 /// A curve of sorted x, stroked with a round pen: round joins, round ends. A translucent colour
 /// covers everything the stroke touches once, however often the curve crosses itself there.
 ///
@@ -21,18 +29,16 @@ namespace vexel {
 /// size.
 ///
 /// Antialiasing is by area in y and by 16 sampling lines per pixel in x, 32 for pens thinner than a
-/// pixel, and as few as 4 for flat curves. Points are shifted in x by up to half of the lines'
-/// distance.
+/// pixel, 8 for crowded curves, and as few as 4 for flat ones. Points are shifted in x by up to
+/// half of the lines' distance.
 class LineRaster {
  public:
   /// The widest pen, in pixels.
   static constexpr double kMaximumWidth = 256;
 
-  /// For what the clip shows of the target. The width is above 0 and at most kMaximumWidth. No
-  /// segment of the curve is steeper than `steepest`, in y over x; infinity when this is not known
-  /// or the curve has gaps.
+  /// For what the clip shows of the target. The width is above 0 and at most kMaximumWidth.
   LineRaster(const PixelBuffer& target, const PixelRect& clip, double width,
-             double steepest = std::numeric_limits<double>::infinity());
+             const CurveShape& curve = {});
 
   /// Goes on with the curve.
   void add(std::span<const CGPoint> points);

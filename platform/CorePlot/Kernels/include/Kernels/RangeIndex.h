@@ -127,6 +127,8 @@ class VEXEL_API RangeIndex {
     return samples;
   }
 
+  /// Full leaves of new samples behind others.
+  void readLeaves(std::size_t first, std::size_t last);
   void readLeaf(std::size_t leaf, std::size_t known);
   void readOrder(double x);
   void gatherLevel(std::size_t level, std::size_t fromNode);
