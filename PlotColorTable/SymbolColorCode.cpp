@@ -25,26 +25,26 @@ enum class Ends { tenths, decades };
 
 struct LogarithmicQuantity {
   SymbolColorCode::Case quantity;
+  Ends ends;
   PlotCT& (*defaultTable)();
   const char* title;
   /// Values at or below it do not count for the lower end.
   double threshold;
-  Ends ends;
 };
 
 constexpr LogarithmicQuantity kLogarithmic[] = {
-    {SymbolColorCode::impactCharge, SymbolColorCode::impactChargeCT, "Impact Charge (fC)", 0.1,
-     Ends::tenths},
-    {SymbolColorCode::impactSpeed, SymbolColorCode::impactSpeedCT, "Impact Speed (km/s)", 0.0,
-     Ends::tenths},
-    {SymbolColorCode::grainSize, SymbolColorCode::grainSizeCT, "Grain Size", 0.0, Ends::tenths},
-    {SymbolColorCode::grainMass, SymbolColorCode::grainMassCT, "Grain Mass (kg)", 0.0,
-     Ends::decades},
-    {SymbolColorCode::impactEnergy, SymbolColorCode::impactImpactEnergyCT, "Impact Energy", 0.0,
-     Ends::tenths},
+    {SymbolColorCode::impactCharge, Ends::tenths, SymbolColorCode::impactChargeCT,
+     "Impact Charge (fC)", 0.1},
+    {SymbolColorCode::impactSpeed, Ends::tenths, SymbolColorCode::impactSpeedCT,
+     "Impact Speed (km/s)", 0.0},
+    {SymbolColorCode::grainSize, Ends::tenths, SymbolColorCode::grainSizeCT, "Grain Size", 0.0},
+    {SymbolColorCode::grainMass, Ends::decades, SymbolColorCode::grainMassCT, "Grain Mass (kg)",
+     0.0},
+    {SymbolColorCode::impactEnergy, Ends::tenths, SymbolColorCode::impactImpactEnergyCT,
+     "Impact Energy", 0.0},
     // Deliberate: the same title as the energy's.
-    {SymbolColorCode::impactEnergyDensity, SymbolColorCode::impactImpactEnergyDensityCT,
-     "Impact Energy", 0.0, Ends::decades},
+    {SymbolColorCode::impactEnergyDensity, Ends::decades,
+     SymbolColorCode::impactImpactEnergyDensityCT, "Impact Energy", 0.0},
 };
 
 struct LinearQuantity {

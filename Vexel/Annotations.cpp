@@ -25,7 +25,7 @@ void place(const std::shared_ptr<CPTTextLayer>& text, const std::vector<double>&
   annotation->setContentLayer(text);
   const CGSize size = text->frame().size;
   annotation->setDisplacement({0.5 * size.width, 0.5 * size.height});
-  const auto frame = graph.plotAreaFrame();
+  const auto& frame = graph.plotAreaFrame();
   if (frame && frame->plotArea()) frame->plotArea()->addAnnotation(annotation);
 }
 

@@ -103,7 +103,7 @@ std::shared_ptr<CPTXYGraph> Vexel::format(const std::shared_ptr<CPTGraphHostingV
                                           const std::vector<CGFloat>& graphPadding,
                                           const std::vector<CGFloat>& frameLayerPadding) {
   if (!view) return nullptr;
-  const auto graph = std::make_shared<CPTXYGraph>(view->bounds());
+  auto graph = std::make_shared<CPTXYGraph>(view->bounds());
   graph->applyTheme(theme().cpTheme());
   if (graph->plotAreaFrame() && graph->plotAreaFrame()->plotArea())
     graph->plotAreaFrame()->plotArea()->setDelegate(dynamic_cast<CALayerDelegate*>(this));

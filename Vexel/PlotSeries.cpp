@@ -33,7 +33,7 @@ std::shared_ptr<CPTScatterPlot> Vexel::addPlot(const CPTColorPlotArguments& argu
   ddLog(DDLogFlag::verbose,
         [&] { return "Vexel.addPlot: identifier -> " + *arguments.identifiedBy; });
 
-  const auto plot = std::make_shared<CPTScatterPlot>();
+  auto plot = std::make_shared<CPTScatterPlot>();
   plot->setIdentifier(*arguments.identifiedBy);
   if (*arguments.circle) {
     plot->setPlotSymbol(circleSymbol(arguments));
@@ -100,7 +100,7 @@ std::shared_ptr<CPTBarPlot> Vexel::addBarPlot(const BarPlotArguments& arguments)
   auto lineColor = getCPTColor(arguments.lineColor);
   if (!lineColor) lineColor = theme().plotCPTColor();
 
-  const auto plot = std::make_shared<CPTBarPlot>();
+  auto plot = std::make_shared<CPTBarPlot>();
   if (*arguments.labels) {
     CPTMutableTextStyle textStyle;
     textStyle.color = theme().plotCPTColor();

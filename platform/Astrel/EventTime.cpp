@@ -11,7 +11,7 @@ namespace vexel {
 
 namespace {
 
-__extension__ typedef __int128 Int128;
+__extension__ using Int128 = __int128;
 
 constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
 constexpr std::int64_t kNanosecondsPerDay = 86400 * kNanosecondsPerSecond;

@@ -35,11 +35,11 @@ class Looks {
     if (fill == 0 && stroke == 0) return look;
     look.operators = forms_.opacity(fill, stroke) + " gs\n";
     std::string drawing;
-    if (fill > 0) {
+    if (style.fillColor && fill > 0) {
       appendColor(look.operators, *style.fillColor, "rg");
       drawing += path_ + "f\n";
     }
-    if (stroke > 0) {
+    if (line && stroke > 0) {
       appendPen(look.operators, *line, devicePen(*line, canvas_.transform(), 0));
       drawing += path_ + "S\n";
       look.pen = penReach(*line) * meanScale(canvas_.transform());

@@ -2,6 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include <CorePlot/CPTBarPlot.h>
 #include <CorePlot/CPTScatterPlot.h>
 #include <CorePlot/CPTXYAxis.h>
@@ -25,7 +28,7 @@ std::string box(const CPTLayer& layer, CGPoint root) {
 std::string color(const CGColor& c) {
   const auto byte = [](double component) {
     // In this order NaN gives 0.
-    return static_cast<int>(std::min(std::max(0.0, component), 1.0) * 255 + 0.5);
+    return std::lround(std::min(std::max(0.0, component), 1.0) * 255);
   };
   std::string text =
       fmt::format("#{:02x}{:02x}{:02x}", byte(c.red()), byte(c.green()), byte(c.blue()));

@@ -2,8 +2,8 @@
 
 namespace vexel {
 
-CPTPlotAreaFrame::CPTPlotAreaFrame() {
-  setPlotArea(std::make_shared<CPTPlotArea>());
+CPTPlotAreaFrame::CPTPlotAreaFrame() : plotArea_(std::make_shared<CPTPlotArea>()) {
+  addSublayer(plotArea_);
 }
 
 void CPTPlotAreaFrame::setPlotArea(std::shared_ptr<CPTPlotArea> plotArea) {

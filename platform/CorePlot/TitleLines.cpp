@@ -1,5 +1,8 @@
 #include "TitleLines.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace vexel {
 
 std::shared_ptr<CPTTextLayer> titleLines(const std::string& text, CPTTextStyle style,
@@ -16,11 +19,13 @@ std::shared_ptr<CPTTextLayer> titleLines(const std::string& text, CPTTextStyle s
   for (std::size_t start = 0; start <= text.size();) {
     const std::size_t end = std::min(text.find_first_of(" \n", start), text.size());
     const std::string word = text.substr(start, end - start);
-    if (!line.empty() && !fits(line + " " + word)) {
+    std::string longer = line;
+    longer += (line.empty() ? "" : " ") + word;
+    if (!line.empty() && !fits(longer)) {
       lines += line + "\n";
-      line.clear();
+      longer = word;
     }
-    line += (line.empty() ? "" : " ") + word;
+    line = std::move(longer);
     if (end < text.size() && text[end] == '\n') {
       lines += line + "\n";
       line.clear();
