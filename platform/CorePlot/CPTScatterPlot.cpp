@@ -1,6 +1,7 @@
 #include <CorePlot/CPTScatterPlot.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include <Kernels/ScaleMap.h>
@@ -63,9 +64,14 @@ void CPTScatterPlot::visitPoints(const CPTXYPlotSpace& space, CPTRecordRange rec
   const ScaleMap x(xScale, 1, 0);
   const ScaleMap y(yScale, 1, 0);
   std::size_t record = records.location;
-  records_.visit(record, record + records.length, [&](double px, double py) {
-    use(record++, CGPoint{x(px), y(py)});
-  });
+  std::array<double, RangeIndex::kMostAtOnce> left, up;
+  records_.visit(record, record + records.length,
+                 [&](std::span<const double> px, std::span<const double> py) {
+                   x(px, left.data());
+                   y(py, up.data());
+                   for (std::size_t i = 0; i < px.size(); ++i)
+                     use(record++, CGPoint{left[i], up[i]});
+                 });
 }
 
 void CPTScatterPlot::drawSeries(CGContext& context, const CPTXYPlotSpace& space) {

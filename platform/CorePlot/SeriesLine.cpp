@@ -29,7 +29,6 @@ constexpr double kNarrowSteps = kNarrow / 4;
 constexpr CGFloat kLineTolerance = 0.02;
 // The drawing library's time for one stroke grows faster than its length.
 constexpr std::size_t kPointsPerStroke = 1000;
-constexpr std::size_t kCornersAtOnce = 64;
 // Wider pens cover everything anyway, in points.
 constexpr CGFloat kWidestPen = 1e4;
 // In a pixel of width, on average, where it is worth looking how steep a line is.
@@ -48,27 +47,52 @@ bool isFinite(CGPoint p) {
   return std::isfinite(p.x) && std::isfinite(p.y);
 }
 
-/// Gives the corners of a line through points.
+/// Gives the corners of a line through records, some at a time.
 template <class Add>
 class Corners {
  public:
-  Corners(CPTScatterPlotInterpolation interpolation, Add& add)
-      : interpolation_(interpolation), add_(add) {}
+  Corners(const ScaleMap& x, const ScaleMap& y, CPTScatterPlotInterpolation interpolation, Add& add)
+      : x_(x), y_(y), interpolation_(interpolation), add_(add) {}
 
+  void add(double x, double y) { add({x_(x), y_(y)}); }
+  void add(std::span<const double> x, std::span<const double> y) {
+    std::array<double, RangeIndex::kMostAtOnce> left, down;
+    x_(x, left.data());
+    y_(y, down.data());
+    if (interpolation_ != CPTScatterPlotInterpolation::linear) {
+      for (std::size_t i = 0; i < x.size(); ++i) add({left[i], down[i]});
+      return;
+    }
+    finish();
+    for (std::size_t i = 0; i < x.size(); ++i) some_[i] = {left[i], down[i]};
+    add_(std::span<const CGPoint>(some_.data(), x.size()));
+  }
+
+  void finish() { add_(std::span<const CGPoint>(some_.data(), std::exchange(count_, 0))); }
+
+ private:
   void add(CGPoint b) {
     if (interpolation_ != CPTScatterPlotInterpolation::linear && isFinite(last_) && isFinite(b)) {
       const bool isHalfWay = interpolation_ == CPTScatterPlotInterpolation::histogram;
       const CGFloat turn = isHalfWay ? last_.x / 2 + b.x / 2 : b.x;
-      add_(CGPoint{turn, last_.y});
-      add_(CGPoint{turn, b.y});
+      give({turn, last_.y});
+      give({turn, b.y});
     }
-    add_(b);
+    give(b);
     last_ = b;
   }
 
- private:
+  void give(CGPoint corner) {
+    some_[count_++] = corner;
+    if (count_ == some_.size()) finish();
+  }
+
+  ScaleMap x_;
+  ScaleMap y_;
   CPTScatterPlotInterpolation interpolation_;
   Add& add_;
+  std::array<CGPoint, RangeIndex::kMostAtOnce> some_;
+  std::size_t count_ = 0;
   CGPoint last_{std::nan(""), std::nan("")};
 };
 
@@ -82,13 +106,11 @@ std::pair<std::size_t, std::size_t> visibleRecords(const SeriesLine& line, CGFlo
                                      line.xScale.value(line.xScale.extent + pen));
 }
 
-/// Gives the corners of the visible part of the line, mapped by `transform`, which keeps axes.
+/// Gives the corners of the line between the records, mapped by `transform`, which keeps axes.
 /// Sorted records that lie closer together than `narrow` there are replaced by their extremes.
 template <class Add>
 void forCorners(const SeriesLine& line, std::pair<std::size_t, std::size_t> records,
                 const CGAffineTransform& transform, double narrow, Add&& add) {
-  const ScaleMap x(line.xScale, transform.a, transform.tx);
-  const ScaleMap y(line.yScale, transform.d, transform.ty);
   const bool isLogarithmic = line.xScale.logarithmic;
   const double step = line.records.isAscending() == (line.xScale.length > 0) ? narrow : -narrow;
   const double part = step / (line.xScale.extent * std::abs(transform.a));
@@ -97,13 +119,15 @@ void forCorners(const SeriesLine& line, std::pair<std::size_t, std::size_t> reco
                            : part * line.xScale.length;
   const auto narrowEnd = [=](double from) { return isLogarithmic ? from * width : from + width; };
   const double floor = line.yScale.logarithmic ? 0 : -std::numeric_limits<double>::infinity();
-  Corners corners(line.interpolation, add);
-  const auto visit = [&](double px, double py) { corners.add({x(px), y(py)}); };
+  Corners corners(ScaleMap(line.xScale, transform.a, transform.tx),
+                  ScaleMap(line.yScale, transform.d, transform.ty), line.interpolation, add);
+  const auto visit = [&](const auto& x, const auto& y) { corners.add(x, y); };
   const auto count = static_cast<double>(records.second - records.first);
   if (isSorted(line.records) && count * std::abs(part) >= kWorthReplacing)
     line.records.visitOutline(records.first, records.second, floor, narrowEnd, visit);
   else
     line.records.visit(records.first, records.second, visit);
+  corners.finish();
 }
 
 double narrowPart(const SeriesLine& line) {
@@ -121,15 +145,17 @@ CurveShape shapeOf(const SeriesLine& line, std::pair<std::size_t, std::size_t> r
   double steepest = 0;
   bool isPlain = true;
   std::optional<CGPoint> first, last;
-  forCorners(line, records, transform, 0, [&](CGPoint corner) {
-    if (last) {
-      const double slope = std::abs((corner.y - last->y) / (corner.x - last->x));
-      // Gaps and equal records have none.
-      if (!std::isfinite(slope)) isPlain = false;
-      steepest = std::max(steepest, slope);
+  forCorners(line, records, transform, 0, [&](std::span<const CGPoint> corners) {
+    for (const CGPoint corner : corners) {
+      if (last) {
+        const double slope = std::abs((corner.y - last->y) / (corner.x - last->x));
+        // Gaps and equal records have none.
+        if (!std::isfinite(slope)) isPlain = false;
+        steepest = std::max(steepest, slope);
+      }
+      if (!first) first = corner;
+      last = corner;
     }
-    if (!first) first = corner;
-    last = corner;
   });
   if (isPlain && std::abs(last->x - first->x) >= kLongLine) shape.steepest = steepest;
   return shape;
@@ -149,13 +175,8 @@ bool strokeOnPixels(CGContext& context, const SeriesLine& line, const CGStrokeSt
     if (width > LineRaster::kMaximumWidth) return;
     const auto records = visibleRecords(line, style.width);
     LineRaster raster(pixels.buffer, pixels.clip, width, shapeOf(line, records, t));
-    std::array<CGPoint, kCornersAtOnce> some;
-    std::size_t count = 0;
-    forCorners(line, records, t, narrowPart(line), [&](CGPoint corner) {
-      some[count++] = corner;
-      if (count == some.size()) raster.add({some.data(), std::exchange(count, 0)});
-    });
-    raster.add({some.data(), count});
+    forCorners(line, records, t, narrowPart(line),
+               [&](std::span<const CGPoint> corners) { raster.add(corners); });
     raster.draw(premultipliedPixel(style.color));
     isDrawn = true;
   });
@@ -224,7 +245,9 @@ void strokePath(CGContext& context, const SeriesLine& line, CGStrokeStyle style)
   // A pattern goes by the length of the line through every record.
   const double narrow = style.dashPattern.empty() ? narrowPart(line) : 0;
   std::vector<CGPoint> corners;
-  forCorners(line, records, {}, narrow, [&](CGPoint corner) { corners.push_back(corner); });
+  forCorners(line, records, {}, narrow, [&](std::span<const CGPoint> some) {
+    corners.insert(corners.end(), some.begin(), some.end());
+  });
   const CGRect area = CGRect::make(0, 0, line.xScale.extent, line.yScale.extent);
   for (auto& run : clippedRuns(corners, area.insetBy(-style.width, -style.width))) {
     thinRun(run, kLineTolerance);

@@ -12,15 +12,26 @@ namespace {
 
 constexpr float kNowhere = -std::numeric_limits<float>::infinity();
 
+/// -y and y, of which a curve reaches the largest.
+using Ways = double __attribute__((vector_size(16)));
+
+Ways waysTo(double y) {
+  return Ways{-y, y};
+}
+
 /// To the nearest 4096th of a pixel: sums and differences of such numbers are exact, so that a
 /// curve looks the same through every clip.
-double rounded(double y) {
+template <class Number>
+Number rounded(Number y) {
   constexpr double kShift = 1.5 * (std::int64_t{1} << 40);
   return (y + kShift) - kShift;
 }
 
-void raise(float& reached, double y) {
-  reached = std::max(reached, static_cast<float>(rounded(y)));
+template <class Ends>
+void raise(Ends& ends, Ways ways) {
+  using Floats = float __attribute__((vector_size(8)));
+  const auto reached = __builtin_convertvector(rounded(ways), Floats);
+  ends = {std::max(ends.upwards, reached[0]), std::max(ends.downwards, reached[1])};
 }
 
 }  // namespace
@@ -33,9 +44,8 @@ CurveHull::CurveHull(const PixelRect& view, int linesPerPixel, double radius)
   start_ = margin_ - 0.5 - view.left * linesPerPixel;
   first_ = lineCount_ + 2 * margin_;
   lastLine_ = first_ - 1;
-  for (Side* const side : {&downwards_, &upwards_})
-    for (auto* const lines : {&side->onLines, &side->behindLines})
-      lines->assign(static_cast<std::size_t>(first_) + kBlock, kNowhere);
+  for (auto* const lines : {&onLines_, &behindLines_})
+    lines->assign(static_cast<std::size_t>(first_) + kBlock, {kNowhere, kNowhere});
 }
 
 void CurveHull::add(std::span<const CGPoint> points) {
@@ -45,40 +55,36 @@ void CurveHull::add(std::span<const CGPoint> points) {
   if (!isEmpty()) addBetween(last_, last);
 
   // Between two lines there may be many points: their extremes are gathered first.
-  double low = last.y;
-  double high = last.y;
+  Ways extremes = waysTo(last.y);
   for (const CGPoint& p : points.subspan(1)) {
     const CGPoint place = placeOf(p);
     const int line = lineBefore(place);
+    const Ways ways = waysTo(place.y);
     if (line == lastLine) {
-      low = std::min(low, place.y);
-      high = std::max(high, place.y);
+      extremes = ways > extremes ? ways : extremes;
     } else {
-      addPoints(lastLine, low, high);
+      raise(pointsBehind(lastLine), extremes);
       addBetween(last, place);
-      low = high = place.y;
+      extremes = ways;
       lastLine = line;
     }
     last = place;
   }
-  addPoints(lastLine, low, high);
+  raise(pointsBehind(lastLine), extremes);
   last_ = last;
 }
 
 void CurveHull::addSegment(CGPoint from, CGPoint to) {
   const CGPoint begin = placeOf(from);
   last_ = placeOf(to);
-  addPoints(lineBefore(begin), begin.y, begin.y);
-  addPoints(lineBefore(last_), last_.y, last_.y);
+  for (const CGPoint& end : {begin, last_}) raise(pointsBehind(lineBefore(end)), waysTo(end.y));
   addBetween(begin, last_);
 }
 
-void CurveHull::addPoints(int line, double low, double high) {
-  const auto i = static_cast<std::size_t>(line);
-  raise(downwards_.behindLines[i], high);
-  raise(upwards_.behindLines[i], -low);
+CurveHull::Ends& CurveHull::pointsBehind(int line) {
   first_ = std::min(first_, line);
   final_ = std::max(final_, line);
+  return behindLines_[static_cast<std::size_t>(line)];
 }
 
 void CurveHull::addBetween(CGPoint a, CGPoint b) {
@@ -86,11 +92,8 @@ void CurveHull::addBetween(CGPoint a, CGPoint b) {
   const auto [begin, end] = std::minmax({lineBefore(a), lineBefore(b)});
   if (begin == end) return;
   const double slope = (b.y - a.y) / (b.x - a.x);
-  for (int line = begin + 1; line <= end; ++line) {
-    const double y = left.y + (line - left.x) * slope;
-    raise(downwards_.onLines[static_cast<std::size_t>(line)], y);
-    raise(upwards_.onLines[static_cast<std::size_t>(line)], -y);
-  }
+  for (int line = begin + 1; line <= end; ++line)
+    raise(onLines_[static_cast<std::size_t>(line)], waysTo(left.y + (line - left.x) * slope));
 }
 
 std::pair<int, int> CurveHull::reachedLines() const {
@@ -98,23 +101,23 @@ std::pair<int, int> CurveHull::reachedLines() const {
           std::clamp(final_ - margin_ + reach() + 2, 0, lineCount_)};
 }
 
-CurveHull::Reach CurveHull::reachOf(const Side& side, int line) const {
-  using Lines = float __attribute__((vector_size(16)));
-  constexpr int kLines = sizeof(Lines) / sizeof(float);
+CurveHull::Reach CurveHull::reachOf(int line) const {
+  using Floats = float __attribute__((vector_size(16)));
+  constexpr std::size_t kVectors = sizeof(Reach) / sizeof(Floats);
   const int middle = margin_ + line;
   const int reach = static_cast<int>(pen_.size()) - 1;
   const int begin = std::max(-reach, 2 * (first_ - middle - kBlock));
   const int end = std::min(reach, 2 * (final_ - middle + 1));
-  Lines reached[kBlock / kLines];
-  for (Lines& lines : reached) lines = Lines{} + kNowhere;
+  Floats reached[kVectors];
+  for (Floats& ends : reached) ends = Floats{} + kNowhere;
   for (int i = begin; i <= end; ++i) {
     const bool isOnLine = i % 2 == 0;
-    const auto& curve = isOnLine ? side.onLines : side.behindLines;
-    const float* const from = curve.data() + middle + (isOnLine ? i : i - 1) / 2;
+    const auto& curve = isOnLine ? onLines_ : behindLines_;
+    const Ends* const from = curve.data() + middle + (isOnLine ? i : i - 1) / 2;
     const float height = pen_[static_cast<std::size_t>(std::abs(i))];
-    for (std::ptrdiff_t k = 0; k < kBlock / kLines; ++k) {
-      Lines outline;
-      std::memcpy(&outline, from + k * kLines, sizeof outline);
+    for (std::size_t k = 0; k < kVectors; ++k) {
+      Floats outline;
+      std::memcpy(&outline, from + k * (sizeof(Floats) / sizeof(Ends)), sizeof outline);
       outline += height;
       reached[k] = outline > reached[k] ? outline : reached[k];
     }
@@ -125,9 +128,8 @@ CurveHull::Reach CurveHull::reachOf(const Side& side, int line) const {
 }
 
 void CurveHull::clear() {
-  for (Side* const side : {&downwards_, &upwards_})
-    for (auto* const lines : {&side->onLines, &side->behindLines})
-      std::fill(lines->begin() + first_, lines->begin() + final_ + 1, kNowhere);
+  for (auto* const lines : {&onLines_, &behindLines_})
+    std::fill(lines->begin() + first_, lines->begin() + final_ + 1, Ends{kNowhere, kNowhere});
   first_ = static_cast<int>(lastLine_) + 1;
   final_ = -1;
 }

@@ -33,6 +33,22 @@ bool isNear(CGPoint p) {
   return std::abs(p.x) <= CurveHull::kFar && std::abs(p.y) <= CurveHull::kFar;
 }
 
+/// How many of the first points are near.
+std::size_t nearPoints(std::span<const CGPoint> points) {
+  // Most often all of them, which is quicker to find out.
+  using Pair = double __attribute__((vector_size(16)));
+  Pair low{}, high{}, sum{};
+  for (CGPoint p : points) {
+    const Pair place{p.x, p.y};
+    low = place < low ? place : low;
+    high = place > high ? place : high;
+    sum += place;  // for what is not a number
+  }
+  if (isNear({low[0], low[1]}) && isNear({high[0], high[1]}) && isFinite({sum[0], sum[1]}))
+    return points.size();
+  return static_cast<std::size_t>(std::ranges::find_if_not(points, isNear) - points.begin());
+}
+
 int linesPerPixel(double width, const CurveShape& curve) {
   if (width >= 1 && curve.pointsPerPixel >= kCrowd) return kLinesInCrowds;
   int lines = width < 1 ? kLinesOfThinPens : kLinesOfPens;
@@ -59,8 +75,7 @@ LineRaster::LineRaster(const PixelBuffer& target, const PixelRect& clip, double 
 
 void LineRaster::add(std::span<const CGPoint> points) {
   while (!points.empty()) {
-    const auto far = std::find_if_not(points.begin(), points.end(), isNear);
-    const auto near = static_cast<std::size_t>(far - points.begin());
+    const std::size_t near = nearPoints(points);
     if (near > 0 && (isNear(last_) || !isFinite(last_))) {
       hull_.add(points.first(near));
       last_ = points[near - 1];

@@ -180,7 +180,9 @@ RangeIndex::Extremes RangeIndex::xExtremes(double floor) const {
     if (lowest > floor) return {lowest, highest};
   }
   Extremes found;
-  visit(0, count(), [&](double x, double) { found.add(x, floor); });
+  visit(0, count(), [&](std::span<const double> x, std::span<const double>) {
+    for (double number : x) found.add(number, floor);
+  });
   return found;
 }
 
@@ -188,8 +190,9 @@ RangeIndex::Extremes RangeIndex::yExtremes(double floor) const {
   Extremes found = extremes(0, count());
   if (found.isEmpty() || found.lowest > floor) return found;
   found = {};
-  visit(0, count(), [&](double x, double y) {
-    if (std::isfinite(x)) found.add(y, floor);
+  visit(0, count(), [&](std::span<const double> x, std::span<const double> y) {
+    for (std::size_t i = 0; i < x.size(); ++i)
+      if (std::isfinite(x[i])) found.add(y[i], floor);
   });
   return found;
 }

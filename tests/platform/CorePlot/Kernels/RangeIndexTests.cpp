@@ -332,10 +332,15 @@ TEST(RangeIndex, ReadsNumbersOfAnyType) {
 TEST(RangeIndex, VisitsAllSamplesOfAPart) {
   const Values x = counted(300);
   Values found;
-  RangeIndex(x, x).visit(60, 200, [&](double px, double) { found.push_back(px); });
+  const auto keep = [&](std::span<const double> px, std::span<const double> py) {
+    EXPECT_LE(px.size(), RangeIndex::kMostAtOnce);
+    EXPECT_THAT(py, testing::ElementsAreArray(px));
+    found.insert(found.end(), px.begin(), px.end());
+  };
+  RangeIndex(x, x).visit(60, 200, keep);
   EXPECT_EQ(found, Values(x.begin() + 60, x.begin() + 200));
   found.clear();
-  RangeIndex(x, x).visit(290, 1000, [&](double px, double) { found.push_back(px); });
+  RangeIndex(x, x).visit(290, 1000, keep);
   EXPECT_EQ(found.size(), 10u);
 }
 

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace vexel {
 namespace {
@@ -45,6 +46,28 @@ TEST(ScaleMap, AgreesWithTheScale) {
       }
     }
   }
+}
+
+TEST(ScaleMap, PlacesManyValuesLikeSingleOnes) {
+  const AxisScale scales[] = {{3, 7, false, 100}, {-1e308, 1e308, false, 7}, {1, 999, true, 100}};
+  for (const AxisScale& scale : scales)
+    for (const double odd : {4.0, std::nan(""), kInfinity, -kInfinity, kLargest, -kLargest})
+      for (std::size_t count = 0; count <= 9; ++count)
+        for (std::size_t oddPlace = 0; oddPlace <= count; ++oddPlace) {
+          std::vector<double> values(count);
+          for (std::size_t i = 0; i < count; ++i) values[i] = static_cast<double>(i * i) - 5;
+          if (oddPlace < count) values[oddPlace] = odd;
+          const ScaleMap map(scale, -1.5, 30);
+          std::vector<double> places(count);
+          map(values, places.data());
+          for (std::size_t i = 0; i < count; ++i) {
+            const double expected = map(values[i]);
+            if (std::isnan(expected))
+              EXPECT_TRUE(std::isnan(places[i])) << values[i];
+            else
+              EXPECT_EQ(places[i], expected) << values[i];
+          }
+        }
 }
 
 }  // namespace

@@ -40,10 +40,11 @@ class CurveHull {
     if (isEmpty()) return;
     const auto [begin, end] = reachedLines();
     for (int line = begin; line < end; line += kBlock) {
-      const Reach upwards = reachOf(upwards_, line);
-      const Reach downwards = reachOf(downwards_, line);
-      for (std::size_t i = 0; i < kBlock && line + static_cast<int>(i) < end; ++i)
-        reached(line + static_cast<int>(i), -upwards[i], downwards[i]);
+      const Reach reach = reachOf(line);
+      for (int i = 0; i < std::min(kBlock, end - line); ++i) {
+        const auto [upwards, downwards] = reach[static_cast<std::size_t>(i)];
+        reached(line + i, -upwards, downwards);
+      }
     }
     clear();
   }
@@ -51,11 +52,12 @@ class CurveHull {
  private:
   static constexpr int kBlock = 16;
 
-  using Reach = std::array<float, kBlock>;  // of the pen, on successive sampling lines
-  struct Side {
-    std::vector<float> onLines;
-    std::vector<float> behindLines;  // up to the next one
+  /// Farthest on a line.
+  struct Ends {
+    float upwards;  // -y
+    float downwards;
   };
+  using Reach = std::array<Ends, kBlock>;  // of the pen, on successive sampling lines
   bool isEmpty() const { return first_ > final_; }
   int reach() const { return static_cast<int>(pen_.size()) / 2; }
 
@@ -65,13 +67,14 @@ class CurveHull {
   int lineBefore(CGPoint place) const {
     return static_cast<int>(std::clamp(place.x, 0.0, lastLine_));
   }
-  void addPoints(int line, double low, double high);
+  /// What is known of the points from a line to the next one.
+  Ends& pointsBehind(int line);
   /// The lines that the segment between two places crosses.
   void addBetween(CGPoint a, CGPoint b);
   /// The first, and the one behind the last.
   std::pair<int, int> reachedLines() const;
   /// On the sampling lines from one on.
-  Reach reachOf(const Side& side, int line) const;
+  Reach reachOf(int line) const;
   void clear();
 
   int lineCount_;
@@ -81,8 +84,8 @@ class CurveHull {
   double start_;            // of the first of them, from x = 0
   double top_;
   double lastLine_;
-  Side downwards_;
-  Side upwards_;  // of -y
+  std::vector<Ends> onLines_;
+  std::vector<Ends> behindLines_;  // up to the next one
 
   int first_;  // of the lines left of points
   int final_ = -1;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <iterator>
 #include <limits>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -75,15 +76,17 @@ class VEXEL_API RangeIndex {
   /// gaps.
   std::pair<std::size_t, std::size_t> samplesBetween(double fromX, double toX) const;
 
-  /// Calls point(x, y) for each of the samples first to last - 1.
-  template <class Point>
-  void visit(std::size_t first, std::size_t last, Point&& point) const {
-    std::array<double, kLeafSize> xBuffer, yBuffer;
-    for (last = std::min(last, count()); first < last; first += kLeafSize) {
-      const std::size_t samples = std::min(kLeafSize, last - first);
-      const double* x = x_.read(first, samples, xBuffer.data());
-      const double* y = y_.read(first, samples, yBuffer.data());
-      for (std::size_t i = 0; i < samples; ++i) point(x[i], y[i]);
+  /// So many samples at most are visited at once.
+  static constexpr std::size_t kMostAtOnce = 128;
+
+  /// Calls samples(x, y) with spans of the samples first to last - 1, some at a time.
+  template <class Samples>
+  void visit(std::size_t first, std::size_t last, Samples&& samples) const {
+    std::array<double, kMostAtOnce> xBuffer, yBuffer;
+    for (last = std::min(last, count()); first < last; first += kMostAtOnce) {
+      const std::size_t some = std::min(kMostAtOnce, last - first);
+      samples(std::span(x_.read(first, some, xBuffer.data()), some),
+              std::span(y_.read(first, some, yBuffer.data()), some));
     }
   }
 

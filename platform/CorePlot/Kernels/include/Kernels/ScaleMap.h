@@ -3,6 +3,8 @@
 #include <Kernels/AxisScale.h>
 
 #include <cmath>
+#include <cstddef>
+#include <span>
 
 namespace vexel {
 
@@ -28,11 +30,27 @@ class ScaleMap {
     const double unscaled = scale_.logarithmic ? std::log(value) : value;
     const double place = (unscaled - origin_) * slope_ + offset_;
     // Also where something above was beyond the doubles, or not a number.
-    return std::abs(place) <= kFarthest ? place : scale_.position(value) * factor_ + offset_;
+    return std::isfinite(place) ? place : scale_.position(value) * factor_ + offset_;
+  }
+
+  /// The places of some values, for which there is room.
+  void operator()(std::span<const double> values, double* places) const {
+    constexpr std::size_t kLanes = 4;
+    std::size_t i = 0;
+    if (!scale_.logarithmic) {
+      double remainder[kLanes] = {};  // 0 unless a place is not finite
+      for (; i + kLanes <= values.size(); i += kLanes)
+        for (std::size_t lane = 0; lane < kLanes; ++lane) {
+          const double place = (values[i + lane] - origin_) * slope_ + offset_;
+          places[i + lane] = place;
+          remainder[lane] += place - place;
+        }
+      if (remainder[0] + remainder[1] + remainder[2] + remainder[3] != 0) i = 0;
+    }
+    for (; i < values.size(); ++i) places[i] = (*this)(values[i]);
   }
 
  private:
-  static constexpr double kFarthest = 1e300;
   // The difference of two logarithms has too few digits below.
   static constexpr double kNarrowestLogarithms = 1e-6;
 
