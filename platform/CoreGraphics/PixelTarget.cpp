@@ -49,9 +49,32 @@ std::array<Part, 3> partsOf(CGFloat low, CGFloat high, int begin, int end) {
           Part{last, std::max(within(std::ceil(high)), last), high - outer}};
 }
 
-struct CoveredArea {
-  PixelRect pixels;
-  std::uint32_t above;  // what is laid over each of them
+/// Pixels that the same is laid over.
+class CoveredArea {
+ public:
+  CoveredArea(const PixelRect& pixels, std::uint32_t above) : pixels_(pixels), above_(above) {}
+
+  const PixelRect& pixels() const { return pixels_; }
+
+  void cover(std::uint32_t* row) {
+    if (pixels_.width() > kNarrow) return pixelOver(above_, row + pixels_.left, pixels_.width());
+    // Down a line most pixels are like the one before.
+    for (int u = pixels_.left; u < pixels_.right; ++u) {
+      if (row[u] != below_) {
+        below_ = row[u];
+        covered_ = pixelOver(above_, below_);
+      }
+      row[u] = covered_;
+    }
+  }
+
+ private:
+  static constexpr int kNarrow = 2;
+
+  PixelRect pixels_;
+  std::uint32_t above_;
+  std::uint32_t below_ = 0;
+  std::uint32_t covered_ = above_;
 };
 
 }  // namespace
@@ -126,14 +149,13 @@ void PixelTarget::cover(std::span<const CGRect> boxes, std::uint32_t premultipli
         const PixelRect area{columns.begin, rows.begin, columns.end, rows.end};
         const auto weight =
             static_cast<std::uint32_t>(std::floor(255 * rows.share * columns.share + 0.5));
-        if (!area.isEmpty()) areas.push_back({area, scaledPixel(premultipliedColor, weight)});
+        if (!area.isEmpty()) areas.emplace_back(area, scaledPixel(premultipliedColor, weight));
       }
   }
   for (int top = visible.top; top < visible.bottom; top += kRowsAtOnce)
-    for (const auto& [area, above] : areas) {
-      const int end = std::min(top + kRowsAtOnce, area.bottom);
-      for (int v = std::max(top, area.top); v < end; ++v)
-        pixelOver(above, row(v) + area.left, area.width());
+    for (CoveredArea& area : areas) {
+      const int end = std::min(top + kRowsAtOnce, area.pixels().bottom);
+      for (int v = std::max(top, area.pixels().top); v < end; ++v) area.cover(row(v));
     }
 }
 

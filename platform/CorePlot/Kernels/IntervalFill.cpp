@@ -111,7 +111,8 @@ class TileFill {
 
  private:
   unsigned units(float y) const {
-    const float clamped = std::clamp(y, 0.0F, static_cast<float>(rowCount_));
+    // Unlike std::clamp without branches.
+    const float clamped = std::min(std::max(y, 0.0F), static_cast<float>(rowCount_));
     return static_cast<unsigned>(static_cast<int>(clamped * kUnitsPerRow + kHalf));
   }
 

@@ -14,8 +14,9 @@ namespace {
 /// Sampling lines per pixel. On steep pieces a pen thinner than a pixel covers too few of 16.
 constexpr int kLinesOfPens = 16;
 constexpr int kLinesOfThinPens = 32;
-/// A crowd of so many points in a pixel shows few thin pieces.
-constexpr int kLinesInCrowds = 8;
+/// Fewer do where thin pieces and ends are few: in a crowd of so many points in a pixel, and on
+/// curves without gaps whose points are so sparse that one knows how steep they are.
+constexpr int kLinesOfPlainCurves = 8;
 constexpr double kCrowd = 20;
 
 /// On flat pieces the shift of points by half of the lines' distance is hardly one in y: so many
@@ -50,8 +51,8 @@ std::size_t nearPoints(std::span<const CGPoint> points) {
 }
 
 int linesPerPixel(double width, const CurveShape& curve) {
-  if (width >= 1 && curve.pointsPerPixel >= kCrowd) return kLinesInCrowds;
-  int lines = width < 1 ? kLinesOfThinPens : kLinesOfPens;
+  const bool isPlain = curve.pointsPerPixel >= kCrowd || std::isfinite(curve.steepest);
+  int lines = width < 1 ? kLinesOfThinPens : isPlain ? kLinesOfPlainCurves : kLinesOfPens;
   while (lines > kFewestLines && 2 * curve.steepest * kLinesPerSlope <= lines) lines /= 2;
   return lines;
 }

@@ -109,11 +109,25 @@ Difference difference(const Picture& a, const Picture& b) {
   return found;
 }
 
+/// What series know of their curves: how steep long ones of few points without gaps are.
+CurveShape shapeOf(const Points& points, int width) {
+  CurveShape shape{.pointsPerPixel = static_cast<double>(points.size()) / width};
+  if (shape.pointsPerPixel > 2 || !(std::abs(points.back().x - points.front().x) >= 100))
+    return shape;
+  double steepest = 0;
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    const double slope = (points[i].y - points[i - 1].y) / (points[i].x - points[i - 1].x);
+    if (!std::isfinite(slope)) return shape;
+    steepest = std::max(steepest, std::abs(slope));
+  }
+  shape.steepest = steepest;
+  return shape;
+}
+
 void expectLikePlainStroke(const std::string& name, int width, int height, const Points& points,
                            double lineWidth, std::uint32_t color) {
   Picture picture(width, height);
-  picture.stroke(points, lineWidth, color, picture.all(),
-                 {.pointsPerPixel = static_cast<double>(points.size()) / width});
+  picture.stroke(points, lineWidth, color, picture.all(), shapeOf(points, width));
   const Difference found =
       difference(picture, plainStroke(width, height, points, lineWidth, color));
   std::cout << name << ", width " << lineWidth << ", alpha " << (color >> 24) << ": "

@@ -65,7 +65,8 @@ class CurveHull {
   CGPoint placeOf(CGPoint p) const { return {p.x * linesPerPixel_ + start_, p.y - top_}; }
   /// The first and the last line stand for everything farther out.
   int lineBefore(CGPoint place) const {
-    return static_cast<int>(std::clamp(place.x, 0.0, lastLine_));
+    // Unlike std::clamp without branches.
+    return static_cast<int>(std::min(std::max(place.x, 0.0), lastLine_));
   }
   /// What is known of the points from a line to the next one.
   Ends& pointsBehind(int line);

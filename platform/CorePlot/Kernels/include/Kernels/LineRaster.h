@@ -29,8 +29,8 @@ struct CurveShape {
 /// size.
 ///
 /// Antialiasing is by area in y and by 16 sampling lines per pixel in x, 32 for pens thinner than a
-/// pixel, 8 for crowded curves, and as few as 4 for flat ones. Points are shifted in x by up to
-/// half of the lines' distance.
+/// pixel, 8 for crowded curves and for those of a known steepness, and as few as 4 for flat ones.
+/// Points are shifted in x by up to half of the lines' distance.
 class LineRaster {
  public:
   /// The widest pen, in pixels.
