@@ -31,10 +31,7 @@ void RangeIndex::extend(CPTNumericData x, CPTNumericData y) {
   std::size_t changed = known / kLeafSize;
   std::size_t nodes = (newCount + kLeafSize - 1) / kLeafSize;
   if (levels_.empty()) levels_.emplace_back();
-  levels_[0].extremes.resize(nodes);
-  levels_[0].hasGap.resize(nodes);
-  leafX_.resize(nodes);
-  leafY_.resize(nodes);
+  levels_[0].resize(nodes);
   // Whole leaves behind the first new one are quick to read.
   const std::size_t whole = newCount / kLeafSize;
   if (changed < nodes) readLeaf(changed, known);
@@ -47,8 +44,7 @@ void RangeIndex::extend(CPTNumericData x, CPTNumericData y) {
       levels_.emplace_back();
       changed = 0;
     }
-    levels_[level].extremes.resize(nodes);
-    levels_[level].hasGap.resize(nodes);
+    levels_[level].resize(nodes);
     gatherLevel(level, changed);
   }
 }
@@ -71,12 +67,10 @@ void RangeIndex::readLeaves(std::size_t first, std::size_t last) {
         readLeaf(leaf, 0);
         continue;
       }
-      levels_[0].extremes[leaf] = {summary.lowest, summary.highest};
+      levels_[0].nodes[leaf] = {{summary.lowest, summary.highest}, {x[0], y[0]}};
       levels_[0].hasGap[leaf] = false;
       isAscending_ = isAscending_ && !summary.falls;
       isDescending_ = isDescending_ && !summary.rises;
-      leafX_[leaf] = x[0];
-      leafY_[leaf] = y[0];
       lastX_ = x[kLeafSize - 1];
       lastY_ = y[kLeafSize - 1];
     }
@@ -89,8 +83,6 @@ void RangeIndex::readLeaf(std::size_t leaf, std::size_t known) {
   std::array<double, kLeafSize> xBuffer, yBuffer;
   const double* x = x_.read(begin, samples, xBuffer.data());
   const double* y = y_.read(begin, samples, yBuffer.data());
-  leafX_[leaf] = x[0];
-  leafY_[leaf] = y[0];
   lastY_ = y[samples - 1];
   for (std::size_t i = known > begin ? known - begin : 0; i < samples; ++i) readOrder(x[i]);
   Extremes found;
@@ -103,7 +95,7 @@ void RangeIndex::readLeaf(std::size_t leaf, std::size_t known) {
       hasGap = true;
     }
   }
-  levels_[0].extremes[leaf] = found;
+  levels_[0].nodes[leaf] = {found, {x[0], y[0]}};
   levels_[0].hasGap[leaf] = hasGap;
 }
 
@@ -124,13 +116,13 @@ void RangeIndex::gatherLevel(std::size_t level, std::size_t fromNode) {
   for (std::size_t node = fromNode; node < gathered.size(); ++node) {
     Extremes found;
     bool hasGap = false;
-    const std::size_t end = std::min((node + 1) * kFanOut, below.size());
-    for (std::size_t child = node * kFanOut; child < end; ++child) {
-      found.lowest = std::min(found.lowest, below.extremes[child].lowest);
-      found.highest = std::max(found.highest, below.extremes[child].highest);
+    const std::size_t begin = node * kFanOut;
+    const std::size_t end = std::min(begin + kFanOut, below.size());
+    for (std::size_t child = begin; child < end; ++child) {
+      found.add(below.nodes[child].extremes);
       hasGap = hasGap || below.hasGap[child];
     }
-    gathered.extremes[node] = found;
+    gathered.nodes[node] = {found, below.nodes[begin].first};
     gathered.hasGap[node] = hasGap;
   }
 }
@@ -140,7 +132,7 @@ RangeIndex::Extremes RangeIndex::extremes(std::size_t first, std::size_t last) c
   last = std::min(last, count());
   if (first >= last) return found;
   const std::size_t top = levels_.size() - 1;
-  for (std::size_t i = 0; i < levels_[top].size(); ++i) addExtremes({top, i}, first, last, found);
+  for (std::size_t i = 0; i < levels_[top].size(); ++i) addExtremes(top, i, first, last, found);
   return found;
 }
 
@@ -197,21 +189,19 @@ RangeIndex::Extremes RangeIndex::yExtremes(double floor) const {
   return found;
 }
 
-void RangeIndex::addExtremes(Place node, std::size_t first, std::size_t last,
-                             Extremes& found) const {
-  const std::size_t begin = node.index * samplesPerNode(node.level);
-  const std::size_t end = std::min(begin + samplesPerNode(node.level), count());
+void RangeIndex::addExtremes(std::size_t level, std::size_t node, std::size_t first,
+                             std::size_t last, Extremes& found) const {
+  const std::size_t samples = samplesPerNode(level);
+  const std::size_t begin = node * samples;
+  const std::size_t end = std::min(begin + samples, count());
   if (begin >= last || end <= first) return;
 
   if (begin >= first && end <= last) {
-    const Extremes& extremes = levels_[node.level].extremes[node.index];
-    found.lowest = std::min(found.lowest, extremes.lowest);
-    found.highest = std::max(found.highest, extremes.highest);
-  } else if (node.level > 0) {
-    const std::size_t child = node.index * kFanOut;
-    const std::size_t children = std::min(kFanOut, levels_[node.level - 1].size() - child);
-    for (std::size_t i = 0; i < children; ++i)
-      addExtremes({node.level - 1, child + i}, first, last, found);
+    found.add(levels_[level].nodes[node].extremes);
+  } else if (level > 0) {
+    const std::size_t child = node * kFanOut;
+    const std::size_t children = std::min(child + kFanOut, levels_[level - 1].size());
+    for (std::size_t i = child; i < children; ++i) addExtremes(level - 1, i, first, last, found);
   } else {
     for (std::size_t i = std::max(begin, first); i < std::min(end, last); ++i)
       if (isSample(x_[i], y_[i])) {

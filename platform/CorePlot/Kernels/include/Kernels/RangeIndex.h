@@ -16,8 +16,8 @@
 namespace vexel {
 
 /// The lowest and highest y of a series of samples over any part of it, without looking at them
-/// all: extremes and first x per leaf of 32 samples, extremes of 4 leaves, 16 leaves and so on,
-/// which is 7 % of the data. Samples whose x or y is not finite are gaps: they have no extremes and
+/// all: extremes and first sample of each leaf of 32 samples, of 4 leaves, 16 leaves and so on,
+/// which is 9 % of the data. Samples whose x or y is not finite are gaps: they have no extremes and
 /// are known to be there.
 ///
 /// The samples are borrowed: they must stay, unchanged, as long as the index is used.
@@ -103,8 +103,7 @@ class VEXEL_API RangeIndex {
     if (first >= last) return;
     const std::size_t top = levels_.size() - 1;
     NarrowPart narrow;
-    for (std::size_t i = 0; i < levels_[top].size(); ++i)
-      visitNode({top, i}, first, last, floor, narrowEnd, narrow, point);
+    visitNodes(top, 0, levels_[top].size(), first, last, floor, narrowEnd, narrow, point);
     give(narrow, point);
   }
 
@@ -113,15 +112,19 @@ class VEXEL_API RangeIndex {
   static constexpr std::size_t kFanOut = 4;
   static constexpr std::size_t kShortestBlock = 12;
 
+  struct Node {
+    Extremes extremes;
+    CGPoint first;  // sample
+  };
   struct Level {
-    std::vector<Extremes> extremes;
+    std::vector<Node> nodes;
     std::vector<bool> hasGap;
 
-    std::size_t size() const { return extremes.size(); }
-  };
-  struct Place {
-    std::size_t level;
-    std::size_t index;
+    std::size_t size() const { return nodes.size(); }
+    void resize(std::size_t size) {
+      nodes.resize(size);
+      hasGap.resize(size);
+    }
   };
 
   static std::size_t samplesPerNode(std::size_t level) {
@@ -135,14 +138,10 @@ class VEXEL_API RangeIndex {
   void readLeaf(std::size_t leaf, std::size_t known);
   void readOrder(double x);
   void gatherLevel(std::size_t level, std::size_t fromNode);
-  void addExtremes(Place node, std::size_t first, std::size_t last, Extremes& found) const;
+  void addExtremes(std::size_t level, std::size_t node, std::size_t first, std::size_t last,
+                   Extremes& found) const;
 
   bool isBefore(double x, double end) const { return isAscending_ ? x < end : x > end; }
-  /// The first sample of a leaf, or the last of all when there is no such leaf.
-  CGPoint leafStart(std::size_t leaf) const {
-    return leaf < leafX_.size() ? CGPoint{leafX_[leaf], leafY_[leaf]} : CGPoint{lastX_, lastY_};
-  }
-
   /// Neighbouring leaves that are narrow together, and the first sample behind them.
   struct NarrowPart {
     CGPoint first;
@@ -172,36 +171,38 @@ class VEXEL_API RangeIndex {
   }
 
   template <class NarrowEnd, class Point>
-  void visitNode(Place node, std::size_t first, std::size_t last, double floor,
-                 NarrowEnd&& narrowEnd, NarrowPart& narrow, Point&& point) const {
-    const std::size_t samples = samplesPerNode(node.level);
-    const std::size_t begin = node.index * samples;
-    const std::size_t end = std::min(begin + samples, count());
-    if (begin >= last || end <= first) return;
+  void visitNodes(std::size_t levelNumber, std::size_t node, std::size_t nodesEnd,
+                  std::size_t first, std::size_t last, double floor, NarrowEnd&& narrowEnd,
+                  NarrowPart& narrow, Point&& point) const {
+    const Level& level = levels_[levelNumber];
+    const std::size_t samples = samplesPerNode(levelNumber);
+    for (; node < nodesEnd; ++node) {
+      const std::size_t begin = node * samples;
+      const std::size_t end = std::min(begin + samples, count());
+      if (end <= first) continue;
+      if (begin >= last) return;
 
-    const Level& level = levels_[node.level];
-    const Extremes& extremes = level.extremes[node.index];
-    const std::size_t leaf = begin / kLeafSize;
-    const CGPoint from = leafStart(leaf);
-    const CGPoint next = leafStart(leaf + samples / kLeafSize);
-    if (begin >= first && end <= last && !level.hasGap[node.index] && extremes.lowest > floor &&
-        isBefore(next.x, narrowEnd(from.x))) {
-      // Parts of the full width would place their extremes less well than leaves do on average.
-      const double reserve = (next.x - narrow.first.x) / 3;
-      if (narrow.isEmpty() || !isBefore(next.x + reserve, narrowEnd(narrow.first.x))) {
+      const auto& [extremes, from] = level.nodes[node];
+      const CGPoint next =
+          node + 1 < level.size() ? level.nodes[node + 1].first : CGPoint{lastX_, lastY_};
+      if (begin >= first && end <= last && !level.hasGap[node] && extremes.lowest > floor &&
+          isBefore(next.x, narrowEnd(from.x))) {
+        // Parts of the full width would place their extremes less well than leaves do on average.
+        const double reserve = (next.x - narrow.first.x) / 3;
+        if (narrow.isEmpty() || !isBefore(next.x + reserve, narrowEnd(narrow.first.x))) {
+          give(narrow, point);
+          narrow.first = from;
+        }
+        narrow.extremes.add(extremes);
+        narrow.next = next;
+      } else if (levelNumber > 0) {
+        const std::size_t child = node * kFanOut;
+        const std::size_t children = std::min(child + kFanOut, levels_[levelNumber - 1].size());
+        visitNodes(levelNumber - 1, child, children, first, last, floor, narrowEnd, narrow, point);
+      } else {
         give(narrow, point);
-        narrow.first = from;
+        visitLeaf(std::max(begin, first), std::min(end, last), floor, narrowEnd, point);
       }
-      narrow.extremes.add(extremes);
-      narrow.next = next;
-    } else if (node.level > 0) {
-      const std::size_t child = node.index * kFanOut;
-      const std::size_t children = std::min(kFanOut, levels_[node.level - 1].size() - child);
-      for (std::size_t i = 0; i < children; ++i)
-        visitNode({node.level - 1, child + i}, first, last, floor, narrowEnd, narrow, point);
-    } else {
-      give(narrow, point);
-      visitLeaf(std::max(begin, first), std::min(end, last), floor, narrowEnd, point);
     }
   }
 
@@ -274,8 +275,6 @@ class VEXEL_API RangeIndex {
   CPTNumericData x_;
   CPTNumericData y_;
   std::vector<Level> levels_;  // from the leaves up
-  std::vector<double> leafX_;  // the first of each leaf
-  std::vector<double> leafY_;
   bool isAscending_ = true;
   bool isDescending_ = true;
   bool hasGapInX_ = false;
