@@ -11,6 +11,7 @@
 #include "BitmapText.h"
 #include "CairoImage.h"
 #include "CairoLayer.h"
+#include "PixelSurface.h"
 #include "PixelTarget.h"
 #include "PngFile.h"
 #include "TransformFacts.h"
@@ -30,9 +31,8 @@ int pixelCount(CGFloat points, CGFloat backingScale) {
 CairoSurfaceHandle makeSurface(int width, int height) {
   if (std::int64_t{width} * height > CGBitmapContext::kMostPixels)
     throw CGContextError("A bitmap must have at most 2^28 pixels");
-  CairoSurfaceHandle surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
-  if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
-    throw CGContextError(cairo_status_to_string(status));
+  CairoSurfaceHandle surface = pixelSurface(width, height);
+  if (!surface) throw CGContextError(cairo_status_to_string(CAIRO_STATUS_NO_MEMORY));
   return surface;
 }
 
@@ -45,11 +45,11 @@ CairoBitmapContext::CairoBitmapContext(CairoCanvas canvas, CGFloat backingScale,
     : CairoContext(std::move(canvas)), backingScale_(backingScale), use_(use) {}
 
 int CairoBitmapContext::pixelWidth() const {
-  return cairo_image_surface_get_width(canvas_.surface());
+  return static_cast<int>(canvas_.visible().size.width);
 }
 
 int CairoBitmapContext::pixelHeight() const {
-  return cairo_image_surface_get_height(canvas_.surface());
+  return static_cast<int>(canvas_.visible().size.height);
 }
 
 std::span<const std::uint32_t> CairoBitmapContext::pixels() {
@@ -114,13 +114,13 @@ std::unique_ptr<CGLayer> CairoBitmapContext::makeLayer(const CGRect& rect) {
   const int top = static_cast<int>(std::floor(wanted.minY() + kEdge));
   const int width = static_cast<int>(std::ceil(wanted.maxX() - kEdge)) - left;
   const int height = static_cast<int>(std::ceil(wanted.maxY() - kEdge)) - top;
-  CairoSurfaceHandle surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
-  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
+  CairoSurfaceHandle surface = pixelSurface(width, height);
+  if (!surface) return nullptr;
   cairo_surface_set_device_offset(surface.get(), -left, -top);
   const CGRect visible = CGRect::make(left, top, width, height);
-  return std::make_unique<CairoLayer>(
-      CairoCanvas(std::move(surface), CairoCanvas::Surface::pixels, t, visible, canvas_.page()),
-      backingScale_);
+  CairoCanvas canvas(std::move(surface), CairoCanvas::Surface::pixels, t, visible, canvas_.page());
+  canvas.clear();
+  return std::make_unique<CairoLayer>(std::move(canvas), backingScale_);
 }
 
 void CairoBitmapContext::drawLayer(const CGLayer& layer) {
@@ -136,6 +136,7 @@ std::unique_ptr<CGBitmapContext> CGBitmapContext::create(CGSize size, CGFloat ba
   CairoCanvas canvas(makeSurface(width, height), CairoCanvas::Surface::pixels,
                      {backingScale, 0, 0, -backingScale, 0, static_cast<CGFloat>(height)}, visible,
                      visible);
+  canvas.clear();
   return std::make_unique<CairoBitmapContext>(std::move(canvas), backingScale, use);
 }
 

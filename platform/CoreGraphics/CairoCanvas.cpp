@@ -200,6 +200,11 @@ bool CairoCanvas::fillPlain(const CGRect& rect, const CGColor& color) {
   return true;
 }
 
+void CairoCanvas::clear() {
+  constexpr std::uint32_t kTransparent = 0;
+  plainFill_ = PlainFill{pixelRect(visible_), kTransparent};
+}
+
 void CairoCanvas::finishFill() const {
   if (const auto fill = std::exchange(plainFill_, std::nullopt))
     PixelTarget(*this).fill(fill->box, fill->pixel);

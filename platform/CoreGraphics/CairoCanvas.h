@@ -40,6 +40,8 @@ class CairoCanvas {
   /// The same for opaque colours on 32-bit pixels, without Cairo. False, and nothing is drawn,
   /// where Cairo is needed.
   bool fillPlain(const CGRect& rect, const CGColor& color);
+  /// Makes all of a surface's 32-bit pixels transparent, whatever they are.
+  void clear();
   void drawImage(const CGImage& image, const CGRect& rect);
   void drawText(const CGText& text, CGPoint origin);
 
