@@ -20,7 +20,7 @@ endfunction()
 # an installation can be moved. A shared library asks its users for none of its own libraries.
 function(vexel_install_pkg_config name component)
   if(VEXEL_TYPE STREQUAL "STATIC_LIBRARY")
-    set(private "cairo, pangocairo, fontconfig, libisal, spdlog, fmt")
+    set(private "cairo, pangocairo, fontconfig, libisal, fmt")
   endif()
   file(RELATIVE_PATH up /${VEXEL_INSTALL_PCDIR} /)
   configure_file(cmake/${name}.pc.in ${name}.pc @ONLY)

@@ -3,6 +3,7 @@
 #include <isa-l/crc.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <vector>
 
@@ -14,8 +15,10 @@ namespace {
 
 // Figures are plain areas and thin lines: each row is much like the one above.
 constexpr std::uint8_t kFilterUp = 2;
-// Of filtered rows compressed at once, and of compressed bytes in one chunk of the file.
+// Of filtered rows compressed at once.
 constexpr std::size_t kBlockBytes = 1 << 18;
+// Of the file in one chunk.
+constexpr std::size_t kPieceBytes = 1 << 16;
 // Pixels compared with those above at once.
 constexpr std::size_t kRun = 8;
 
@@ -63,6 +66,23 @@ std::uint32_t bytesMinus(std::uint32_t a, std::uint32_t b) {
   return ((a | 0x80808080u) - (b & 0x7f7f7f7fu)) ^ ((a ^ ~b) & 0x80808080u);
 }
 
+/// In memory: red, green, blue, alpha.
+std::uint32_t redFirst(std::uint32_t pixel) {
+  static_assert(std::endian::native == std::endian::little);
+  return __builtin_bswap32(std::rotl(pixel, 8));
+}
+
+/// Whether kRun pixels are.
+bool areEqual(const std::uint32_t* a, const std::uint32_t* b) {
+  using Words = std::uint64_t __attribute__((vector_size(16)));
+  constexpr std::size_t kWords = kRun * sizeof *a / sizeof(Words);
+  Words ofA[kWords], ofB[kWords], differences{};
+  std::memcpy(ofA, a, sizeof ofA);
+  std::memcpy(ofB, b, sizeof ofB);
+  for (std::size_t i = 0; i < kWords; ++i) differences |= ofA[i] ^ ofB[i];
+  return (differences[0] | differences[1]) == 0;
+}
+
 /// Writes a row of plain pixels as the difference to the row above, red first. `to` has room for
 /// four bytes behind its end.
 template <std::size_t kBytes>
@@ -70,18 +90,15 @@ std::uint8_t* writeRow(std::span<const std::uint32_t> row, const std::uint32_t* 
                        std::uint8_t* to) {
   for (std::size_t i = 0; i < row.size();) {
     const std::size_t run = std::min(kRun, row.size() - i);
-    if (std::memcmp(&row[i], above + i, run * sizeof row[i]) == 0) {
-      std::memset(to, 0, run * kBytes);
-      to += run * kBytes;
-      i += run;
+    if (run == kRun && areEqual(&row[i], above + i)) {
+      std::memset(to, 0, kRun * kBytes);
+      to += kRun * kBytes;
+      i += kRun;
       continue;
     }
     for (const std::size_t end = i + run; i < end; ++i, to += kBytes) {
-      const std::uint32_t d = bytesMinus(row[i], above[i]);
-      const std::uint8_t bytes[] = {static_cast<std::uint8_t>(d >> 16),
-                                    static_cast<std::uint8_t>(d >> 8), static_cast<std::uint8_t>(d),
-                                    static_cast<std::uint8_t>(d >> 24)};
-      std::memcpy(to, bytes, sizeof bytes);
+      const std::uint32_t bytes = redFirst(bytesMinus(row[i], above[i]));
+      std::memcpy(to, &bytes, sizeof bytes);
     }
   }
   return to;
@@ -98,6 +115,8 @@ bool isOpaque(std::span<const std::uint32_t> pixels) {
 std::string pngFile(std::span<const std::uint32_t> pixels, int width, int height) {
   const bool hasAlpha = !isOpaque(pixels);
   std::string file = "\x89PNG\r\n\x1a\n";
+  // Of most figures: growing would copy it.
+  file.reserve(pixels.size_bytes() / 10);
   appendChunk(file, "IHDR", header(width, height, hasAlpha ? kTypeRGBA : kTypeRGB));
 
   const auto rowPixels = static_cast<std::size_t>(width);
@@ -107,7 +126,7 @@ std::string pngFile(std::span<const std::uint32_t> pixels, int width, int height
   std::vector<std::uint32_t> plain(hasAlpha ? rowPixels : 0);
   std::vector<std::uint32_t> above(rowPixels, hasAlpha ? 0 : 0xff000000u);
   const std::uint32_t* aboveRow = above.data();
-  ZlibStream compressed(kBlockBytes);
+  ZlibStream compressed(kPieceBytes);
   const auto appendPiece = [&](std::string_view piece) { appendChunk(file, "IDAT", piece); };
   std::uint8_t* to = block.data();
   for (int y = 0; y < height; ++y) {
