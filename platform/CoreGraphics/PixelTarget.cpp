@@ -30,6 +30,28 @@ const Value* placed(const Value* values, const Shape& shape, int x, int y, int v
   return values + std::ptrdiff_t{v - shape.top - y} * shape.width - shape.left - x;
 }
 
+/// Copies a row of at least as many pixels as there are in Some, and at most twice as many.
+template <class Some>
+void copyEnds(const std::uint32_t* from, std::uint32_t* to, int count) {
+  const int behind = count - static_cast<int>(sizeof(Some) / sizeof *from);
+  Some first, last;
+  std::memcpy(&first, from, sizeof first);
+  std::memcpy(&last, from + behind, sizeof last);
+  std::memcpy(to, &first, sizeof first);
+  std::memcpy(to + behind, &last, sizeof last);
+}
+
+/// A row of few pixels, as those that a moved line leaves, without a call.
+void copyRow(const std::uint32_t* from, std::uint32_t* to, int count) {
+  using Four = std::uint32_t __attribute__((vector_size(16)));
+  if (count >= 2 && count <= 4)
+    copyEnds<std::uint64_t>(from, to, count);
+  else if (count > 4 && count <= 8)
+    copyEnds<Four>(from, to, count);
+  else
+    std::copy_n(from, count, to);
+}
+
 /// Pixels along an axis that a box covers by the same share.
 struct Part {
   int begin, end;
@@ -135,7 +157,7 @@ void PixelTarget::copy(const PixelTarget& source, int dx, int dy) {
   const int bottom = std::min(visible.bottom, source.top_ + dy + pixels.height);
   if (left >= right) return;
   for (int v = top; v < bottom; ++v)
-    std::copy_n(source.row(v - dy) + left - dx, right - left, row(v) + left);
+    copyRow(source.row(v - dy) + left - dx, row(v) + left, right - left);
 }
 
 void PixelTarget::cover(std::span<const CGRect> boxes, std::uint32_t premultipliedColor) {

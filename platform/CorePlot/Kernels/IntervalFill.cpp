@@ -10,20 +10,21 @@ namespace vexel {
 
 namespace {
 
-constexpr int kTileWidth = 16;
+constexpr int kWideTile = 16;
+constexpr int kNarrowTile = 4;          // columns that a moved line leaves and enters
 constexpr int kGroup = 4;               // columns that are blended at once
+constexpr int kPair = 2;                // the fewest
 constexpr int kSparse = 4;              // rows for each edge
 constexpr unsigned kUnitsPerRow = 256;  // of y
 constexpr float kHalf = 0.5F;           // rounds what is not negative
 constexpr int kFullCoverage = 256;
+constexpr int kShareBits = 16;  // of the coverage of a pixel
 
 /// A group of full coverage.
 constexpr std::uint64_t kFullGroup = 0x0100010001000100;
 
 using Channels = std::uint16_t __attribute__((vector_size(16)));  // of two pixels
 using Bytes = std::uint8_t __attribute__((vector_size(8)));
-using Tile = std::int16_t __attribute__((vector_size(2 * kTileWidth)));
-using Coverage = std::array<std::uint64_t, kTileWidth / kGroup>;
 
 Channels loadPair(const std::uint32_t* pixels) {
   Bytes bytes;
@@ -61,18 +62,24 @@ class GroupBlend {
   }
 
   void layOver(std::uint32_t* pixels) const {
-    for (std::ptrdiff_t i = 0; i < 2; ++i) {
-      const Channels below = loadPair(pixels + 2 * i);
-      storePair(pixels + 2 * i, sources_[i] + dividedBy255(below * rests_[i]));
-    }
+    for (std::ptrdiff_t i = 0; i < 2; ++i) layPairOver(pixels + kPair * i, i);
   }
 
+  /// The first two pixels, whose place is given.
+  void layFirstPairOver(std::uint32_t* pixels) const { layPairOver(pixels, 0); }
+
  private:
+  void layPairOver(std::uint32_t* pixels, std::ptrdiff_t i) const {
+    const Channels below = loadPair(pixels);
+    storePair(pixels, sources_[i] + dividedBy255(below * rests_[i]));
+  }
+
   Channels sources_[2];
   Channels rests_[2];  // what they leave of the pixels below, of 255
 };
 
 /// Collects intervals of kTileWidth columns and blends them at once.
+template <int kTileWidth>
 class TileFill {
  public:
   TileFill(int rowCount, int linesPerPixel, std::uint32_t color)
@@ -80,7 +87,7 @@ class TileFill {
         isOpaque_(color >= 0xFF000000),
         rowCount_(rowCount),
         shift_(std::countr_zero(static_cast<unsigned>(linesPerPixel))) {
-    for (int i = 0; i < kTileWidth; ++i) half_[i] = static_cast<std::int16_t>(linesPerPixel / 2);
+    half_ = Tile{} + static_cast<std::int16_t>(linesPerPixel / 2);
     // An edge on the last row's lower end writes the two rows behind it.
     differences_.resize((static_cast<std::size_t>(rowCount) + 2) * kTileWidth);
     const std::uint32_t pair[] = {color, color};
@@ -110,6 +117,9 @@ class TileFill {
   }
 
  private:
+  typedef std::int16_t Tile __attribute__((vector_size(2 * kTileWidth)));
+  using Coverage = std::array<std::uint64_t, kTileWidth / kGroup>;
+
   unsigned units(float y) const {
     // Unlike std::clamp without branches.
     const float clamped = std::min(std::max(y, 0.0F), static_cast<float>(rowCount_));
@@ -157,7 +167,9 @@ class TileFill {
   static bool isZero(const std::int16_t* changes) {
     Coverage words;
     std::memcpy(words.data(), changes, sizeof words);
-    return (words[0] | words[1] | words[2] | words[3]) == 0;
+    std::uint64_t all = 0;
+    for (const std::uint64_t word : words) all |= word;
+    return all == 0;
   }
 
   void blendRows(std::uint32_t* pixels, std::ptrdiff_t stride, int rows, const Tile& sum,
@@ -180,6 +192,10 @@ class TileFill {
       for (int row = 0; row < rows; ++row) std::fill_n(pixels + row * stride, kGroup, color_);
       return;
     }
+    // Of a narrow vertical line there may be a thousand rows.
+    const int first = std::min(std::countr_zero(coverage) / kShareBits, columns - kPair);
+    if (rows > 1 && first >= 0 && coverage >> (first * kShareBits) >> (kPair * kShareBits) == 0)
+      return blendPair(pixels + first, stride, rows, coverage >> (first * kShareBits));
     const GroupBlend group(channels_, coverage);
     for (int row = 0; row < rows; ++row, pixels += stride) {
       if (columns == kGroup) {
@@ -191,6 +207,12 @@ class TileFill {
       group.layOver(copy);
       for (int i = 0; i < columns; ++i) pixels[i] = copy[i];
     }
+  }
+
+  void blendPair(std::uint32_t* pixels, std::ptrdiff_t stride, int rows,
+                 std::uint64_t coverage) const {
+    const GroupBlend group(channels_, coverage);
+    for (int row = 0; row < rows; ++row, pixels += stride) group.layFirstPairOver(pixels);
   }
 
   std::uint32_t color_;
@@ -205,11 +227,10 @@ class TileFill {
   std::vector<std::int16_t> differences_;  // of each row from the one above it
 };
 
-}  // namespace
-
-void fillIntervals(const LineIntervals& intervals, int linesPerPixel, std::uint32_t color,
-                   const PixelBuffer& target, const PixelRect& clip) {
-  TileFill tile(clip.height(), linesPerPixel, color);
+template <int kTileWidth>
+void fillTiles(const LineIntervals& intervals, int linesPerPixel, std::uint32_t color,
+               const PixelBuffer& target, const PixelRect& clip) {
+  TileFill<kTileWidth> tile(clip.height(), linesPerPixel, color);
   std::size_t cursor = 0;
   for (int left = 0; left < clip.width(); left += kTileWidth) {
     const int columns = std::min(kTileWidth, clip.width() - left);
@@ -219,6 +240,14 @@ void fillIntervals(const LineIntervals& intervals, int linesPerPixel, std::uint3
                         [&](float low, float high) { tile.add(column, low, high); });
     tile.blend(target.row(clip.top) + clip.left + left, target.stride, columns);
   }
+}
+
+}  // namespace
+
+void fillIntervals(const LineIntervals& intervals, int linesPerPixel, std::uint32_t color,
+                   const PixelBuffer& target, const PixelRect& clip) {
+  const auto fill = clip.width() <= kNarrowTile ? fillTiles<kNarrowTile> : fillTiles<kWideTile>;
+  fill(intervals, linesPerPixel, color, target, clip);
 }
 
 }  // namespace vexel
