@@ -13,6 +13,8 @@ using Type = CGPathElement::Type;
 // Distance of the control points of a quarter circle of radius 1 from its ends.
 constexpr CGFloat kQuarterCircle = 0.5522847498307936;
 
+constexpr std::size_t kElementsOfRect = 5;
+
 bool isFinite(CGPoint p) {
   return std::isfinite(p.x) && std::isfinite(p.y);
 }
@@ -72,6 +74,7 @@ void CGMutablePath::addLines(std::span<const CGPoint> points) {
 }
 
 void CGMutablePath::addRect(const CGRect& rect) {
+  if (elements_.empty()) elements_.reserve(kElementsOfRect);
   move({rect.minX(), rect.minY()});
   addLine({rect.maxX(), rect.minY()});
   addLine({rect.maxX(), rect.maxY()});

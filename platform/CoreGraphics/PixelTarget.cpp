@@ -155,9 +155,12 @@ void PixelTarget::copy(const PixelTarget& source, int dx, int dy) {
   const int right = std::min(visible.right, source.left_ + dx + pixels.width);
   const int top = std::max(visible.top, source.top_ + dy);
   const int bottom = std::min(visible.bottom, source.top_ + dy + pixels.height);
-  if (left >= right) return;
-  for (int v = top; v < bottom; ++v)
-    copyRow(source.row(v - dy) + left - dx, row(v) + left, right - left);
+  if (left >= right || top >= bottom) return;
+  const std::uint32_t* from = source.row(top - dy) + left - dx;
+  std::uint32_t* to = row(top) + left;
+  const std::ptrdiff_t toLength = rowLength_;
+  for (int v = top; v < bottom; ++v, from += pixels.stride, to += toLength)
+    copyRow(from, to, right - left);
 }
 
 void PixelTarget::cover(std::span<const CGRect> boxes, std::uint32_t premultipliedColor) {

@@ -46,6 +46,7 @@ std::optional<std::vector<CGRect>> CPTScatterPlot::seriesPlaces(const CPTXYPlotS
   const AxisScale xScale = space.scale(CPTCoordinate::X, plotAreaSize().width);
   const AxisScale yScale = space.scale(CPTCoordinate::Y, plotAreaSize().height);
   std::vector<CGPoint> points;
+  points.reserve(recordCount());
   for (std::size_t i = 0; i < recordCount(); ++i)
     points.push_back({xScale.position(records_.x(i)), yScale.position(records_.y(i))});
 

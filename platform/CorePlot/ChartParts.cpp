@@ -10,6 +10,8 @@ namespace vexel {
 
 namespace {
 
+constexpr std::size_t kPartsThatAreNoPlots = 4;
+
 CGRect moved(const CGRect& rect, CGPoint by) {
   return {rect.origin + by, rect.size};
 }
@@ -25,6 +27,7 @@ bool touches(const std::vector<ChartParts::Place>& places, const std::optional<C
 ChartParts::ChartParts(CPTGraph& graph,
                        const std::function<std::shared_ptr<const AxisArrangement>()>& arrangement)
     : graph_(graph), frame_(graph.plotAreaFrame()), area_(frame_ ? frame_->plotArea() : nullptr) {
+  parts_.reserve(kPartsThatAreNoPlots + graph.allPlots().size());
   parts_.push_back({.kind = Part::Kind::background,
                     .owner = &graph_,
                     .needsDisplay = graph.backgroundNeedsDisplay(),

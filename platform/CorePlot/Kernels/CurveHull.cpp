@@ -38,6 +38,7 @@ void raise(Ends& ends, Ways ways) {
 
 CurveHull::CurveHull(const PixelRect& view, int linesPerPixel, double radius)
     : lineCount_(view.width() * linesPerPixel), linesPerPixel_(linesPerPixel), top_(view.top) {
+  pen_.reserve(static_cast<std::size_t>(2 * linesPerPixel * radius) + 2);
   for (double distance = 0; distance <= radius; distance += 0.5 / linesPerPixel)
     pen_.push_back(static_cast<float>(rounded(std::sqrt(radius * radius - distance * distance))));
   margin_ = reach() + 2;

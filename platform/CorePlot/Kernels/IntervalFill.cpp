@@ -11,7 +11,7 @@ namespace vexel {
 namespace {
 
 constexpr int kWideTile = 16;
-constexpr int kNarrowTile = 4;          // columns that a moved line leaves and enters
+constexpr int kNarrowTile = 8;          // columns that a moved line leaves and enters
 constexpr int kGroup = 4;               // columns that are blended at once
 constexpr int kPair = 2;                // the fewest
 constexpr int kSparse = 4;              // rows for each edge
