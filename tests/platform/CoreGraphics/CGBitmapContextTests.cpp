@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
+
 #include "Bitmaps.h"
 #include "CairoBitmapContext.h"
 
@@ -62,6 +64,17 @@ TEST(CGBitmapContext, HasTheRoundedProductOfPixelsAndAtLeastOne) {
 TEST(CGBitmapContext, StartsTransparent) {
   const Bitmap bitmap = transparentBitmap(3, 2);
   for (const std::uint32_t p : bitmap->pixels()) EXPECT_EQ(p, 0u);
+}
+
+TEST(CGBitmapContext, IsTransparentWhereNothingWasDrawnWhateverTheMemoryHeldBefore) {
+  for (const int side : {40, 1100, 1700}) {
+    static_cast<void>(whiteBitmap(side, side));
+    const Bitmap bitmap = transparentBitmap(side, side);
+    bitmap->fillAligned(CGRect::make(7, 5, 20, 10), kBlack);
+    const auto isDrawn = [](std::uint32_t p) { return p != 0; };
+    EXPECT_EQ(std::ranges::count_if(bitmap->pixels(), isDrawn), 200) << side;
+    EXPECT_EQ(pixel(*bitmap, 7, side - 6), kBlackPixel);
+  }
 }
 
 TEST(CGBitmapContext, GrowsUpwards) {

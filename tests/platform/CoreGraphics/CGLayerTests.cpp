@@ -95,6 +95,22 @@ TEST(CGLayer, LooksTheSameWhetherOpaqueOrNot) {
   }
 }
 
+TEST(CGLayer, RestoresExactlyTheColumnsOfANarrowClip) {
+  for (int width = 1; width <= 18; ++width) {
+    const Bitmap direct = whiteBitmap(60, 50), layered = whiteBitmap(60, 50);
+    const auto layer = layered->makeLayer(CGRect::make(0, 0, 60, 50));
+    for (CGContext* context : {static_cast<CGContext*>(direct.get()), &layer->context()}) {
+      if (context == direct.get()) context->clip(CGRect::make(21, 5, width, 33));
+      context->fillAligned(CGRect::make(0, 0, 60, 50), kBlack);
+      for (int x = 0; x < 50; ++x)
+        context->fillAligned(CGRect::make(x, x, 1, 50), CGColor::genericRGB(x / 50.0, 1, 0));
+    }
+    layered->clip(CGRect::make(21, 5, width, 33));
+    layered->drawLayer(*layer);
+    EXPECT_EQ(pixelsOf(*direct), pixelsOf(*layered)) << width;
+  }
+}
+
 TEST(CGLayer, IsDrawnThroughARoundClip) {
   const Bitmap bitmap = whiteBitmap(40, 40);
   const auto layer = bitmap->makeLayer(CGRect::make(0, 0, 40, 40));
