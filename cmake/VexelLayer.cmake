@@ -29,8 +29,6 @@ function(vexel_library target)
     add_library(${target} SHARED)
   endif()
   vexel_hide_symbols(${target})
-  # A library that calls its own functions directly starts faster.
-  target_link_options(${target} PRIVATE LINKER:-Bsymbolic-functions)
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 endfunction()
