@@ -65,12 +65,15 @@ bool drawStamped(const CairoCanvas& canvas, std::span<SymbolStamps* const> style
   const CGRect reach = reachOf(target.clip());
   const CGAffineTransform toDevice = canvas.transform();
   SymbolBands bands(target, styles, std::min(centers.size(), kSymbolsAtOnce));
-  for (std::size_t i = 0; i < centers.size(); ++i) {
-    const CGPoint p = toDevice.apply(centers[i]);
-    if (reach.contains(p)) bands.add(styleOf(i), PhasePlace(p));
-    if ((i + 1) % kSymbolsAtOnce == 0) bands.draw();
+  for (std::size_t first = 0; first < centers.size(); first += kSymbolsAtOnce) {
+    const std::size_t count = std::min(kSymbolsAtOnce, centers.size() - first);
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::size_t center = bands.isLastFirst() ? first + count - 1 - i : first + i;
+      const CGPoint p = toDevice.apply(centers[center]);
+      if (reach.contains(p)) bands.add(styleOf(center), PhasePlace(p));
+    }
+    bands.draw();
   }
-  bands.draw();
   return true;
 }
 

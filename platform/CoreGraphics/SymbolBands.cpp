@@ -2,19 +2,16 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
-
-#include "CoveredPixels.h"
 
 namespace vexel {
 
 namespace {
 
-constexpr int kBandRows = CoveredPixels::kRows;
+constexpr int kBandRows = 32;
 // No mask of a symbol begins farther outside of a bitmap.
-constexpr int kReach = 2 * SymbolStamps::kMaximumSide;
-// Symbols that would fill a band so many times hide enough of each other to look for it.
-constexpr std::int64_t kCrowd = 8;
+constexpr int kReach = CoveredPixels::kMargin;
+// Symbols that would fill all pixels so many times hide enough of each other to look for it.
+constexpr double kCrowd = 8;
 
 // A place relative to a corner beyond which no symbol lies: bitmaps are narrower than 2^15 pixels,
 // and bands and what reaches into them lower than 2^9.
@@ -42,12 +39,17 @@ SymbolBands::SymbolBands(PixelTarget& target, std::span<SymbolStamps* const> sty
       styles_(styles),
       box_(target.clip()),
       bands_(static_cast<std::size_t>(std::max(box_.height() + kBandRows - 1, 0) / kBandRows)) {
+  bool canHide = false;
   for (const SymbolStamps* const style : styles) {
     areAlike_ = areAlike_ && style->hasMasksOf(*styles[0]);
-    canHide_ = canHide_ || style->canHide();
+    canHide = canHide || style->canHide();
   }
-  // Memory that stays untouched costs nothing.
-  for (std::vector<Symbol>& band : bands_) band.reserve(2 * expected / bands_.size());
+  const StampMask& mask = maskOf(0, {});
+  const double filled = static_cast<double>(expected) * mask.width * mask.height;
+  if (canHide && filled > kCrowd * box_.width() * box_.height())
+    covered_.emplace(box_);
+  else  // Memory that stays untouched costs nothing.
+    for (std::vector<Symbol>& band : bands_) band.reserve(2 * expected / bands_.size());
 }
 
 const StampMask& SymbolBands::maskOf(std::uint32_t style, const PhasePlace& place) {
@@ -60,48 +62,39 @@ const StampMask& SymbolBands::maskOf(std::uint32_t style, const PhasePlace& plac
 
 void SymbolBands::add(std::uint32_t style, const PhasePlace& place) {
   const StampMask& mask = maskOf(style, place);
-  const int top = place.pixelY() + mask.top - box_.top;
+  const int row = place.pixelY() + mask.top;
+  std::uint64_t visible = ~std::uint64_t{0};
+  if (covered_) visible = covered_->layUnder(mask, place.pixelX() + mask.left, row);
+  if (visible == 0) return;
+  const int top = row - box_.top;
   const int first = std::max(top, 0) / kBandRows;
   const int end = (std::min(top + mask.height, box_.height()) + kBandRows - 1) / kBandRows;
-  for (int band = first; band < end; ++band)
-    bands_[static_cast<std::size_t>(band)].push_back(
-        {packed(place, box_.left, box_.top + band * kBandRows), style});
+  for (int band = first; band < end; ++band) {
+    const int bandTop = band * kBandRows;
+    const int bandRows = std::min(kBandRows, box_.height() - bandTop);
+    const std::uint32_t rows = mask.rowsWithin(top - bandTop, bandRows, visible);
+    if (rows != 0)
+      bands_[static_cast<std::size_t>(band)].push_back(
+          {packed(place, box_.left, box_.top + bandTop), style, rows});
+  }
 }
 
 void SymbolBands::draw() {
   PixelRect part = box_;
   for (std::vector<Symbol>& band : bands_) {
     part.bottom = std::min(part.top + kBandRows, box_.bottom);
-    if (!band.empty()) draw(band, part);
+    if (isLastFirst()) std::ranges::reverse(band);
+    for (const Symbol& symbol : band) draw(symbol, part);
     band.clear();
     part.top = part.bottom;
   }
+  if (covered_) covered_.emplace(box_);
 }
 
-void SymbolBands::draw(std::span<const Symbol> band, const PixelRect& part) {
-  findRows(band, part);
-  for (std::size_t i = 0; i < band.size(); ++i) {
-    if (rows_[i] == 0) continue;
-    const PhasePlace place = unpacked(band[i].place, part.left, part.top);
-    target_.blend({maskOf(band[i].style, place), styles_[band[i].style]->color()}, place.pixelX(),
-                  place.pixelY(), part, rows_[i]);
-  }
-}
-
-void SymbolBands::findRows(std::span<const Symbol> band, const PixelRect& part) {
-  const StampMask& first = maskOf(band[0].style, unpacked(band[0].place, part.left, part.top));
-  const auto filled = std::ssize(band) * first.width * first.height;
-  std::optional<CoveredPixels> covered;
-  if (canHide_ && filled > kCrowd * part.width() * part.height())
-    covered.emplace(part.left - kReach, part.right + kReach);
-  rows_.resize(band.size());
-  for (std::size_t i = band.size(); i-- > 0;) {
-    const PhasePlace place = unpacked(band[i].place, part.left, part.top);
-    const StampMask& mask = maskOf(band[i].style, place);
-    const int row = place.pixelY() + mask.top - part.top;
-    rows_[i] = mask.rowsWithin(row, part.height());
-    if (covered) rows_[i] &= covered->layUnder(mask, place.pixelX() + mask.left, row);
-  }
+void SymbolBands::draw(const Symbol& symbol, const PixelRect& band) {
+  const PhasePlace place = unpacked(symbol.place, band.left, band.top);
+  target_.blend({maskOf(symbol.style, place), styles_[symbol.style]->color()}, place.pixelX(),
+                place.pixelY(), band, symbol.rows);
 }
 
 }  // namespace vexel

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
+#include "CoveredPixels.h"
 #include "PixelTarget.h"
 #include "SymbolStamps.h"
 
@@ -44,7 +46,10 @@ class SymbolBands {
   /// Draws inside the clip of the target, in styles that all have stamps, about so many symbols.
   SymbolBands(PixelTarget& target, std::span<SymbolStamps* const> styles, std::size_t expected);
 
-  /// Lays a symbol over those added before, when draw() is called next.
+  /// Whether symbols are best added from the last, which lies over all others, to the first.
+  bool isLastFirst() const { return covered_.has_value(); }
+
+  /// Adds a symbol, over those added before or, when the last is first, under them.
   void add(std::uint32_t style, const PhasePlace& place);
 
   /// Draws what was added. There are no symbols afterwards.
@@ -55,23 +60,21 @@ class SymbolBands {
   struct Symbol {
     std::uint32_t place;  // packed
     std::uint32_t style;
+    std::uint32_t rows;  // of the band, those drawn
   };
 
   const StampMask& maskOf(std::uint32_t style, const PhasePlace& place);
-  void draw(std::span<const Symbol> band, const PixelRect& part);
-  void findRows(std::span<const Symbol> band, const PixelRect& part);
+  void draw(const Symbol& symbol, const PixelRect& band);
 
   PixelTarget& target_;
   std::span<SymbolStamps* const> styles_;
   PixelRect box_;
-  // Whether all styles have the same masks, which are then kept at hand, and whether some hide
-  // others.
+  // Whether all styles have the same masks, which are then kept at hand.
   bool areAlike_ = true;
-  bool canHide_ = false;
   std::array<const StampMask*, std::size_t{SymbolStamps::kPhases} * SymbolStamps::kPhases> masks_{};
   std::vector<std::vector<Symbol>> bands_;
-  // Those of a band that are drawn of each symbol in it.
-  std::vector<std::uint32_t> rows_;
+  // By symbols added so far, where many are expected.
+  std::optional<CoveredPixels> covered_;
 };
 
 }  // namespace vexel

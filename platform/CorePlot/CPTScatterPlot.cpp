@@ -4,6 +4,7 @@
 #include <array>
 #include <iterator>
 
+#include <Foundation/LargePages.h>
 #include <Kernels/ScaleMap.h>
 
 #include "SeriesLine.h"
@@ -96,8 +97,8 @@ void CPTScatterPlot::drawSymbols(CGContext& context, const CPTXYPlotSpace& space
   drawRecordSymbols(context, space, withSymbol);
   if (!plotSymbol_) return;
   const CGRect visible = visibleCenters(*plotSymbol_);
-  std::vector<CGPoint> centers;
-  std::vector<std::uint32_t> colors;
+  std::vector<CGPoint, LargePages<CGPoint>> centers;
+  std::vector<std::uint32_t, LargePages<std::uint32_t>> colors;
   if (withColor > withSymbol) {
     centers.reserve(withColor - withSymbol);
     colors.reserve(withColor - withSymbol);

@@ -173,7 +173,12 @@ RangeIndex::Extremes RangeIndex::xExtremes(double floor) const {
   }
   Extremes found;
   visit(0, count(), [&](std::span<const double> x, std::span<const double>) {
-    for (double number : x) found.add(number, floor);
+    const Extremes plain =
+        x.size() >= kLanes ? extremesWithoutGaps(x.data(), x.data(), x.size()) : Extremes();
+    if (!plain.isEmpty() && plain.lowest > floor)
+      found.add(plain);
+    else
+      for (double number : x) found.add(number, floor);
   });
   return found;
 }

@@ -10,6 +10,9 @@ namespace {
 
 constexpr int kLeft = -70;
 constexpr int kRight = 130;
+constexpr int kTop = 30;
+constexpr int kRows = 45;
+constexpr PixelRect kBox{kLeft, kTop, kRight, kTop + kRows};
 constexpr int kSide = StampMask::Block::kSide;
 
 struct Row {
@@ -36,16 +39,16 @@ StampMask maskOf(const std::vector<Row>& rows, int width) {
 
 TEST(CoveredPixels, AreHiddenFromWhatIsLaidUnderThem) {
   const StampMask mask = maskOf({{0b1110, 0b0100}, {0b1111, 0b1111}}, 4);
-  CoveredPixels covered(kLeft, kRight);
-  EXPECT_EQ(covered.layUnder(mask, 10, 5), 0b1100000u);
+  CoveredPixels covered(kBox);
+  EXPECT_EQ(covered.layUnder(mask, 10, 45), 0b11u);
   // The middle of the upper row alone is covered, and the whole lower row.
-  EXPECT_EQ(covered.layUnder(mask, 10, 5), 0b0100000u);
-  EXPECT_EQ(covered.layUnder(mask, 11, 5), 0b1100000u);
-  EXPECT_EQ(covered.layUnder(mask, 10, 6), 0b10000000u);
+  EXPECT_EQ(covered.layUnder(mask, 10, 45), 0b01u);
+  EXPECT_EQ(covered.layUnder(mask, 11, 45), 0b11u);
+  EXPECT_EQ(covered.layUnder(mask, 10, 46), 0b10u);
 }
 
 TEST(CoveredPixels, AreNoneOfAMaskWithoutInk) {
-  CoveredPixels covered(kLeft, kRight);
+  CoveredPixels covered(kBox);
   EXPECT_EQ(covered.layUnder(maskOf({}, 0), 0, 0), 0u);
   EXPECT_EQ(covered.layUnder(maskOf({{0, 0}}, 3), 0, 0), 0u);
 }
@@ -54,28 +57,30 @@ TEST(CoveredPixels, AreFoundAsPixelByPixel) {
   std::mt19937_64 random(1);
   for (const int width : {1, 7, 8, 9, 31, 33, 56, 57, 63, 64}) {
     for (const int height : {1, 7, 8, 9, 33, 64}) {
-      CoveredPixels covered(kLeft, kRight);
-      std::array<std::array<bool, 400>, CoveredPixels::kRows> expected{};
+      CoveredPixels covered(kBox);
+      std::array<std::array<bool, kRight - kLeft>, kRows> expected{};
       for (int i = 0; i < 100; ++i) {
         std::vector<Row> rows;
         for (int v = 0; v < height; ++v) {
           const std::uint64_t ink = random() >> (64 - width);
           rows.push_back({ink, ink & random()});
         }
-        // Also wholly above and below the band.
-        const int column = kLeft + static_cast<int>(random() % (kRight - kLeft));
+        // Also wholly beside, above and below the box.
+        const int column =
+            kLeft - CoveredPixels::kMargin +
+            static_cast<int>(random() % (kRight - kLeft + 2 * CoveredPixels::kMargin));
         const int row = static_cast<int>(random() % 200) - 100;
-        std::uint32_t seen = 0;
-        for (int v = std::max(-row, 0); v < std::min(height, CoveredPixels::kRows - row); ++v) {
+        std::uint64_t seen = 0;
+        for (int v = std::max(-row, 0); v < std::min(height, kRows - row); ++v) {
           const Row& bits = rows[static_cast<std::size_t>(v)];
           auto& pixels = expected[static_cast<std::size_t>(row + v)];
-          for (int u = 0; u < width; ++u) {
+          for (int u = std::max(kLeft - column, 0); u < std::min(width, kRight - column); ++u) {
             bool& isCovered = pixels[static_cast<std::size_t>(column - kLeft + u)];
-            if (!isCovered && (bits.ink >> u & 1)) seen |= 1u << (row + v);
+            if (!isCovered && (bits.ink >> u & 1)) seen |= std::uint64_t{1} << v;
             if (bits.opaque >> u & 1) isCovered = true;
           }
         }
-        ASSERT_EQ(covered.layUnder(maskOf(rows, width), column, row), seen)
+        ASSERT_EQ(covered.layUnder(maskOf(rows, width), column, kTop + row), seen)
             << width << "x" << height << " at " << column << ", " << row;
       }
     }
@@ -99,6 +104,11 @@ TEST(StampMask, MeetsRowsOfABand) {
     EXPECT_EQ(mask.rowsWithin(c.row, c.rows), c.expected)
         << c.row << " " << c.rows << " " << c.height;
   }
+  StampMask mask;
+  mask.height = 64;
+  EXPECT_EQ(mask.rowsWithin(-40, 32, std::uint64_t{0b1011} << 39), 0b101u);
+  EXPECT_EQ(mask.rowsWithin(30, 32, 0b0110), 1u << 31);
+  EXPECT_EQ(mask.rowsWithin(-64, 32, ~std::uint64_t{0}), 0u);
 }
 
 }  // namespace

@@ -1,0 +1,28 @@
+#include <Foundation/LargePages.h>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
+
+namespace vexel {
+
+namespace {
+
+constexpr std::size_t kHugePage = 1 << 21;
+constexpr std::size_t kFewestHugePages = 2;
+
+}  // namespace
+
+void* allocateLargePages(std::size_t bytes) noexcept {
+  if (bytes < kFewestHugePages * kHugePage) return std::malloc(bytes);
+  const std::size_t rest = bytes % kHugePage;
+  if (bytes > std::numeric_limits<std::size_t>::max() - kHugePage) return nullptr;
+  void* const memory = std::aligned_alloc(kHugePage, rest == 0 ? bytes : bytes - rest + kHugePage);
+#ifdef __linux__
+  // A hint, for whole pages only: small ones do as well.
+  if (memory) madvise(memory, bytes - rest, MADV_HUGEPAGE);
+#endif
+  return memory;
+}
+
+}  // namespace vexel
