@@ -76,12 +76,12 @@ std::size_t CoveredPixels::beginOf(int rowOfCells) const {
 
 bool CoveredPixels::isCovered(const StampMask& mask, std::size_t firstCell, int rowOfCells) const {
   const int end = rowOfCells + (mask.height + kSide - 1) / kSide;
-  std::uint64_t all = kWhole;
   for (; rowOfCells <= end; ++rowOfCells) {
     const std::uint64_t* const cells = cells_.data() + beginOf(rowOfCells) + firstCell;
-    for (int i = 0; i <= mask.groupsInRow; ++i) all &= cells[i];
+    for (int i = 0; i <= mask.groupsInRow; ++i)
+      if (cells[i] != kWhole) return false;
   }
-  return all == kWhole;
+  return true;
 }
 
 }  // namespace vexel
