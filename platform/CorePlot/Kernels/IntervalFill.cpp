@@ -117,7 +117,7 @@ class TileFill {
   }
 
  private:
-  typedef std::int16_t Tile __attribute__((vector_size(2 * kTileWidth)));
+  using Tile [[gnu::vector_size(2 * kTileWidth)]] = std::int16_t;
   using Coverage = std::array<std::uint64_t, kTileWidth / kGroup>;
 
   unsigned units(float y) const {
@@ -193,7 +193,8 @@ class TileFill {
       return;
     }
     // Of a narrow vertical line there may be a thousand rows.
-    const int first = std::min(std::countr_zero(coverage) / kShareBits, columns - kPair);
+    const int first =
+        std::min({std::countr_zero(coverage) / kShareBits, kGroup - kPair, columns - kPair});
     if (rows > 1 && first >= 0 && coverage >> (first * kShareBits) >> (kPair * kShareBits) == 0)
       return blendPair(pixels + first, stride, rows, coverage >> (first * kShareBits));
     const GroupBlend group(channels_, coverage);
