@@ -111,4 +111,4 @@ tidy: build/tidy/build.ninja
 	@cmake --build build/tidy --target vexel examples/all
 
 build/tidy/build.ninja: CMakePresets.json | setup-check
-	@cmake --preset debug -B build/tidy -DCMAKE_CXX_CLANG_TIDY="clang-tidy-16;--quiet"
+	@cmake --preset debug -B build/tidy -DCMAKE_CXX_CLANG_TIDY="clang-tidy-16;--quiet;--extra-arg=-Wno-unknown-warning-option"

@@ -11,6 +11,9 @@ for tool in Xvfb xdotool import compare convert; do
   }
 done
 
+# Nothing of it is for other programs; where none answers, libdbus leaves memory behind.
+export DBUS_SESSION_BUS_ADDRESS=disabled:
+
 folder=$(mktemp -d)
 mkdir -p "${2:-$folder}"
 shots=$(realpath "${2:-$folder}")

@@ -19,20 +19,25 @@ VEXEL_API void* allocateLargePages(std::size_t bytes) noexcept;
 /// without a value.
 template <class T>
 struct LargePages {
+  /// What there is to be memory for.
   using value_type = T;
 
   LargePages() = default;
+  /// Nothing is taken over: all allocators are alike.
   template <class Other>
   LargePages(const LargePages<Other>&) {}
 
+  /// Throws std::bad_alloc when there is no memory.
   T* allocate(std::size_t count) {
     if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) throw std::bad_alloc();
     void* const memory = allocateLargePages(count * sizeof(T));
     if (!memory) throw std::bad_alloc();
     return static_cast<T*>(memory);
   }
+  /// Frees what `allocate` returned.
   void deallocate(T* memory, std::size_t) { std::free(memory); }
 
+  /// Without arguments a number keeps what its memory held.
   template <class Element, class... Arguments>
   void construct(Element* place, Arguments&&... arguments) {
     if constexpr (sizeof...(Arguments) == 0)
@@ -41,6 +46,7 @@ struct LargePages {
       ::new (static_cast<void*>(place)) Element(std::forward<Arguments>(arguments)...);
   }
 
+  /// What one allocated another may free.
   friend bool operator==(const LargePages&, const LargePages&) { return true; }
 };
 
