@@ -87,7 +87,9 @@ class TileFill {
         isOpaque_(color >= 0xFF000000),
         rowCount_(rowCount),
         shift_(std::countr_zero(static_cast<unsigned>(linesPerPixel))) {
-    half_ = Tile{} + static_cast<std::int16_t>(linesPerPixel / 2);
+    std::array<std::int16_t, kTileWidth> halves;
+    halves.fill(static_cast<std::int16_t>(linesPerPixel / 2));
+    std::memcpy(&half_, halves.data(), sizeof half_);
     // An edge on the last row's lower end writes the two rows behind it.
     differences_.resize((static_cast<std::size_t>(rowCount) + 2) * kTileWidth);
     const std::uint32_t pair[] = {color, color};
