@@ -27,7 +27,8 @@ void drawTextOnBitmap(CairoCanvas& canvas, const CGText& text, CGPoint origin) {
   if (!placed.layout) return;
   if (!placed.layout->hasOutlines()) return canvas.show(placed);
 
-  CGAffineTransform linear = placed.toDevice;
+  const CGFloat scale = placed.layout->glyphScale();
+  CGAffineTransform linear = CGAffineTransform::scale(scale, scale).followedBy(placed.toDevice);
   linear.tx = linear.ty = 0;
   const bool isHorizontal = keepsAxes(linear), isVertical = swapsAxes(linear);
   PixelTarget target(canvas);

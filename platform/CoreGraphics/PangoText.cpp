@@ -17,7 +17,10 @@ namespace vexel {
 
 namespace {
 
-// Larger sizes overflow the integers of text layout.
+// Of the largest run of a text while it is laid out. Unhinted text looks the same at any size, and
+// every size of a font that Pango has not met takes it half a millisecond to look for.
+constexpr CGFloat kLayoutSize = 32;
+constexpr CGFloat kMinimumFontSize = 1e-3;
 constexpr CGFloat kMaximumFontSize = 4096;
 constexpr CGFloat kScriptSize = 0.7;
 constexpr CGFloat kSuperscriptRise = 0.4;
@@ -58,7 +61,7 @@ PangoContext* sharedContext() {
 }
 
 CGFloat usableSize(CGFloat size) {
-  return size > 0 && std::isfinite(size) ? std::min(size, kMaximumFontSize) : 0;
+  return size >= kMinimumFontSize && std::isfinite(size) ? std::min(size, kMaximumFontSize) : 0;
 }
 
 guint16 component(double value) {
@@ -82,16 +85,21 @@ class StyledText {
  public:
   explicit StyledText(const CGText& text)
       : attributes_(pango_attr_list_new()), lastFont_(pango_font_description_new()) {
+    CGFloat largest = 0;
+    for (const CGTextRun& run : text.runs) largest = std::max(largest, usableSize(run.font.size));
+    scale_ = largest / kLayoutSize;
     for (const CGTextRun& run : text.runs) {
       starts_.push_back(characters_.size());
       colors_.push_back(run.color);
-      if (const CGFloat size = usableSize(run.font.size); size > 0) add(run, size);
+      if (usableSize(run.font.size) > 0) add(run);
     }
     starts_.push_back(characters_.size());
   }
 
   const std::string& characters() const { return characters_; }
   PangoAttrList* attributes() const { return attributes_.get(); }
+  /// Points in a unit of the layout.
+  CGFloat scale() const { return scale_; }
 
   /// The font of an empty last line, which has no characters to carry attributes.
   const PangoFontDescription* lastFont() const { return lastFont_.get(); }
@@ -104,7 +112,7 @@ class StyledText {
   }
 
  private:
-  void add(const CGTextRun& run, CGFloat size) {
+  void add(const CGTextRun& run) {
     const std::size_t start = characters_.size();
     characters_ += validUtf8(run.text);
     const auto apply = [&](PangoAttribute* attribute) {
@@ -112,12 +120,12 @@ class StyledText {
       attribute->end_index = static_cast<guint>(characters_.size());
       pango_attr_list_insert(attributes_.get(), attribute);
     };
-    const auto units = [](CGFloat points) {
-      return static_cast<int>(std::lround(points * PANGO_SCALE));
+    const auto units = [&](CGFloat points) {
+      return static_cast<int>(std::lround(points / scale_ * PANGO_SCALE));
     };
     const std::string family = validUtf8(run.font.family);
     pango_font_description_set_family(lastFont_.get(), family.c_str());
-    pango_font_description_set_absolute_size(lastFont_.get(), size * PANGO_SCALE);
+    pango_font_description_set_absolute_size(lastFont_.get(), units(usableSize(run.font.size)));
     apply(pango_attr_family_new(family.c_str()));
     apply(pango_attr_size_new_absolute(units(drawnFontSize(run))));
     if (run.superscript != 0) apply(pango_attr_rise_new(units(baselineRise(run))));
@@ -132,6 +140,7 @@ class StyledText {
   std::string characters_;
   std::vector<std::size_t> starts_;
   std::vector<CGColor> colors_;
+  CGFloat scale_;
   std::unique_ptr<PangoAttrList, AttributesRelease> attributes_;
   std::unique_ptr<PangoFontDescription, DescriptionRelease> lastFont_;
 };
@@ -165,8 +174,8 @@ void clearOffsetsWithoutFont(PangoLayout* layout) {
   if (hasCleared) pango_layout_get_lines(layout);
 }
 
-CGFloat points(int units) {
-  return static_cast<CGFloat>(units) / PANGO_SCALE;
+CGFloat points(int units, CGFloat scale) {
+  return units * scale / PANGO_SCALE;
 }
 
 std::vector<PlacedGlyph> placedGlyphs(PangoLayout* layout, const StyledText& text) {
@@ -187,7 +196,8 @@ std::vector<PlacedGlyph> placedGlyphs(PangoLayout* layout, const StyledText& tex
       if (glyph.glyph != PANGO_GLYPH_EMPTY)
         result.push_back({run->item->analysis.font,
                           glyph.glyph,
-                          {points(pen + geometry.x_offset), points(baseline + geometry.y_offset)},
+                          {points(pen + geometry.x_offset, text.scale()),
+                           points(baseline + geometry.y_offset, text.scale())},
                           color});
       pen += geometry.width;
     }
@@ -271,6 +281,7 @@ CGFloat baselineRise(const CGTextRun& run) {
 PangoText::PangoText(const CGText& text) {
   const StyledText styled(text);
   runStarts_ = styled.runStarts();
+  scale_ = styled.scale();
   if (styled.characters().empty()) return;
   layout_.reset(pango_layout_new(sharedContext()));
   pango_layout_set_text(layout_.get(), styled.characters().data(),
@@ -281,7 +292,7 @@ PangoText::PangoText(const CGText& text) {
   clearOffsetsWithoutFont(layout_.get());
   PangoRectangle logical;
   pango_layout_get_extents(layout_.get(), nullptr, &logical);
-  size_ = {points(logical.width), points(logical.height)};
+  size_ = {points(logical.width, scale_), points(logical.height, scale_)};
   glyphs_ = placedGlyphs(layout_.get(), styled);
   hasOutlines_ = std::ranges::none_of(
       glyphs_, [](const PlacedGlyph& g) { return (g.index & PANGO_GLYPH_UNKNOWN_FLAG) != 0; });
@@ -290,6 +301,7 @@ PangoText::PangoText(const CGText& text) {
 
 void PangoText::show(cairo_t* context) const {
   if (!layout_) return;
+  cairo_scale(context, scale_, scale_);
   cairo_move_to(context, 0, 0);
   pango_cairo_show_layout(context, layout_.get());
 }
@@ -305,8 +317,8 @@ std::vector<TextLine> PangoText::lines() const {
     PangoRectangle logical;
     pango_layout_iter_get_line_extents(iterator.get(), nullptr, &logical);
     TextLine& added =
-        result.emplace_back(TextLine{points(logical.x) + points(logical.width) / 2,
-                                     points(pango_layout_iter_get_baseline(iterator.get())),
+        result.emplace_back(TextLine{points(logical.x, scale_) + points(logical.width, scale_) / 2,
+                                     points(pango_layout_iter_get_baseline(iterator.get()), scale_),
                                      line->resolved_dir == PANGO_DIRECTION_RTL,
                                      {}});
     const auto begin = static_cast<std::size_t>(line->start_index);

@@ -19,7 +19,7 @@ struct PangoRelease {
 };
 
 /// A glyph of a laid out text, its origin in points from the top-left corner, y down. The font is
-/// the layout's.
+/// the layout's, of another size than the text.
 struct PlacedGlyph {
   PangoFont* font;
   std::uint32_t index;
@@ -56,6 +56,8 @@ class PangoText {
 
   CGSize size() const { return size_; }
   std::span<const PlacedGlyph> glyphs() const { return glyphs_; }
+  /// The size of glyphs in the text, of those in the layout's fonts.
+  CGFloat glyphScale() const { return scale_; }
   /// False when some character has no glyph in any font, and a box with its number is shown.
   bool hasOutlines() const { return hasOutlines_; }
   /// The lines from top to bottom. Their characters live as long as this.
@@ -72,6 +74,7 @@ class PangoText {
   /// The first byte of each run, and the end of the last one.
   std::vector<std::size_t> runStarts_;
   CGSize size_;
+  CGFloat scale_ = 1;
   std::vector<PlacedGlyph> glyphs_;
   bool hasOutlines_ = true;
 };

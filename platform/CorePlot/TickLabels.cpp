@@ -23,7 +23,7 @@ constexpr double kZeroTolerance = 1e-9;
 constexpr double kLabelTolerance = 0.002;
 // Smaller type than this part of the size that was asked for cannot be read.
 constexpr double kSmallestType = 0.7;
-// Smaller type has few sizes: what is known of a font is kept for each of them.
+// Smaller type has few sizes: pictures of glyphs are kept for each of them.
 constexpr double kTypeSteps = 64;
 constexpr int kMostDigits = std::numeric_limits<double>::max_digits10 - 1;
 

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "Bitmaps.h"
+#include "PangoText.h"
 
 namespace vexel {
 namespace {
@@ -43,12 +44,27 @@ TEST(CGText, DrawsBytesThatAreNotTextAsReplacementCharacters) {
 }
 
 TEST(CGText, GrowsInProportionToTheFontSize) {
-  // Nothing is rounded to pixels but for the 1024th of a point that layouts count in.
   const CGSize small = measured(plain("Temperature", {.size = 7}));
-  const CGSize large = measured(plain("Temperature", {.size = 70}));
   EXPECT_GT(small.width, 20);
-  EXPECT_NEAR(large.width, 10 * small.width, 0.1);
-  EXPECT_NEAR(large.height, 10 * small.height, 0.1);
+  for (const double factor : {1e-3, 0.3, 10.0, 500.0}) {
+    const CGSize other = measured(plain("Temperature", {.size = 7 * factor}));
+    EXPECT_DOUBLE_EQ(other.width, factor * small.width);
+    EXPECT_DOUBLE_EQ(other.height, factor * small.height);
+  }
+}
+
+TEST(CGText, LooksForAFontOnceForAllItsSizes) {
+  const auto fontOf = [](double size) {
+    return PangoText::layout(plain("x", {.size = size}))->glyphs()[0].font;
+  };
+  for (const double size : {1.0, 8.5, 700.0}) EXPECT_EQ(fontOf(size), fontOf(12)) << size;
+}
+
+TEST(CGText, MayMixTheSmallestSizesWithTheLargest) {
+  const CGText tiny{{{"x", {.size = 1e-3}}}}, huge{{{"x", {.size = 4096}}}};
+  const CGText both{{{"x", {.size = 1e-3}}, {"x", {.size = 4096}}}};
+  EXPECT_NEAR(measured(both).width, measured(huge).width + measured(tiny).width, 1);
+  EXPECT_NEAR(measured(both).height, measured(huge).height, 1);
 }
 
 TEST(CGText, IsAsHighAsItsLinesAndAsWideAsTheWidest) {
