@@ -16,11 +16,13 @@ namespace {
 // Figures are plain areas and thin lines: each row is much like the one above.
 constexpr std::uint8_t kFilterUp = 2;
 // Of filtered rows compressed at once.
-constexpr std::size_t kBlockBytes = 1 << 18;
+constexpr std::size_t kBlockBytes = 1 << 16;
 // Of the file in one chunk.
 constexpr std::size_t kPieceBytes = 1 << 16;
 // Pixels compared with those above at once.
 constexpr std::size_t kRun = 8;
+
+constexpr std::uint32_t kOpaque = 0xff000000u;
 
 constexpr std::uint8_t kTypeRGB = 2;
 constexpr std::uint8_t kTypeRGBA = 6;
@@ -83,11 +85,13 @@ bool areEqual(const std::uint32_t* a, const std::uint32_t* b) {
   return (differences[0] | differences[1]) == 0;
 }
 
-/// Writes a row of plain pixels as the difference to the row above, red first. `to` has room for
-/// four bytes behind its end.
+/// Writes a row of plain pixels as the difference to the row above, red first; of four bytes, or of
+/// three for pixels that are opaque. `to` has room for four bytes behind its end. Null when pixels
+/// of three bytes are not all opaque, as they are in the row above.
 template <std::size_t kBytes>
 std::uint8_t* writeRow(std::span<const std::uint32_t> row, const std::uint32_t* above,
                        std::uint8_t* to) {
+  std::uint32_t all = kOpaque;
   for (std::size_t i = 0; i < row.size();) {
     const std::size_t run = std::min(kRun, row.size() - i);
     if (run == kRun && areEqual(&row[i], above + i)) {
@@ -97,34 +101,29 @@ std::uint8_t* writeRow(std::span<const std::uint32_t> row, const std::uint32_t* 
       continue;
     }
     for (const std::size_t end = i + run; i < end; ++i, to += kBytes) {
+      all &= row[i];
       const std::uint32_t bytes = redFirst(bytesMinus(row[i], above[i]));
       std::memcpy(to, &bytes, sizeof bytes);
     }
   }
-  return to;
+  return kBytes == 4 || all == kOpaque ? to : nullptr;
 }
 
-bool isOpaque(std::span<const std::uint32_t> pixels) {
-  std::uint32_t all = ~std::uint32_t{0};
-  for (const std::uint32_t pixel : pixels) all &= pixel;
-  return all >> 24 == 255;
-}
-
-}  // namespace
-
-std::string pngFile(std::span<const std::uint32_t> pixels, int width, int height) {
-  const bool hasAlpha = !isOpaque(pixels);
+/// Empty when pixels of three bytes are not all opaque.
+template <std::size_t kBytes>
+std::string fileOf(std::span<const std::uint32_t> pixels, int width, int height) {
+  constexpr bool kHasAlpha = kBytes == 4;
   std::string file = "\x89PNG\r\n\x1a\n";
   // Of most figures: growing would copy it.
   file.reserve(pixels.size_bytes() / 10);
-  appendChunk(file, "IHDR", header(width, height, hasAlpha ? kTypeRGBA : kTypeRGB));
+  appendChunk(file, "IHDR", header(width, height, kHasAlpha ? kTypeRGBA : kTypeRGB));
 
   const auto rowPixels = static_cast<std::size_t>(width);
-  const std::size_t rowBytes = 1 + rowPixels * (hasAlpha ? 4 : 3);
+  const std::size_t rowBytes = 1 + rowPixels * kBytes;
   const std::size_t rowsInBlock = std::max<std::size_t>(1, kBlockBytes / rowBytes);
   std::vector<std::uint8_t> block(rowsInBlock * rowBytes + 4);
-  std::vector<std::uint32_t> plain(hasAlpha ? rowPixels : 0);
-  std::vector<std::uint32_t> above(rowPixels, hasAlpha ? 0 : 0xff000000u);
+  std::vector<std::uint32_t> plain(kHasAlpha ? rowPixels : 0);
+  std::vector<std::uint32_t> above(rowPixels, kHasAlpha ? 0 : kOpaque);
   const std::uint32_t* aboveRow = above.data();
   ZlibStream compressed(kPieceBytes);
   const auto appendPiece = [&](std::string_view piece) { appendChunk(file, "IDAT", piece); };
@@ -132,13 +131,14 @@ std::string pngFile(std::span<const std::uint32_t> pixels, int width, int height
   for (int y = 0; y < height; ++y) {
     const auto row = pixels.subspan(static_cast<std::size_t>(y) * rowPixels, rowPixels);
     *to++ = kFilterUp;
-    if (hasAlpha) {
+    if constexpr (kHasAlpha) {
       std::transform(row.begin(), row.end(), plain.begin(), plainPixel);
-      to = writeRow<4>(plain, aboveRow, to);
+      to = writeRow<kBytes>(plain, aboveRow, to);
       above.swap(plain);
       aboveRow = above.data();
     } else {
-      to = writeRow<3>(row, aboveRow, to);
+      to = writeRow<kBytes>(row, aboveRow, to);
+      if (!to) return {};
       aboveRow = row.data();
     }
     const auto filled = static_cast<std::size_t>(to - block.data());
@@ -148,6 +148,14 @@ std::string pngFile(std::span<const std::uint32_t> pixels, int width, int height
     to = block.data();
   }
   appendChunk(file, "IEND", {});
+  return file;
+}
+
+}  // namespace
+
+std::string pngFile(std::span<const std::uint32_t> pixels, int width, int height) {
+  std::string file = fileOf<3>(pixels, width, height);
+  if (file.empty()) file = fileOf<4>(pixels, width, height);
   return file;
 }
 
