@@ -230,27 +230,51 @@ class TileFill {
   std::vector<std::int16_t> differences_;  // of each row from the one above it
 };
 
-template <int kTileWidth>
-void fillTiles(const LineIntervals& intervals, int linesPerPixel, std::uint32_t color,
-               const PixelBuffer& target, const PixelRect& clip) {
+/// Blends what `visitAll` gives to a visitor: lines in ascending order, and intervals of them.
+template <int kTileWidth, class VisitAll>
+void fillTiles(int linesPerPixel, std::uint32_t color, const PixelBuffer& target,
+               const PixelRect& clip, VisitAll&& visitAll) {
   TileFill<kTileWidth> tile(clip.height(), linesPerPixel, color);
-  std::size_t cursor = 0;
-  for (int left = 0; left < clip.width(); left += kTileWidth) {
-    const int columns = std::min(kTileWidth, clip.width() - left);
-    for (int column = 0; column < columns; ++column)
-      for (int part = 0; part < linesPerPixel; ++part)
-        intervals.visit((left + column) * linesPerPixel + part, cursor,
-                        [&](float low, float high) { tile.add(column, low, high); });
-    tile.blend(target.row(clip.top) + clip.left + left, target.stride, columns);
-  }
+  const int shift = std::countr_zero(static_cast<unsigned>(linesPerPixel));
+  int left = 0;
+  const auto blend = [&] {
+    tile.blend(target.row(clip.top) + clip.left + left, target.stride,
+               std::min(kTileWidth, clip.width() - left));
+  };
+  visitAll([&](int line, float low, float high) {
+    const int column = line >> shift;
+    if (column >= left + kTileWidth) {
+      blend();
+      left = column / kTileWidth * kTileWidth;
+    }
+    if (low < high) tile.add(column - left, low, high);
+  });
+  blend();
+}
+
+template <class VisitAll>
+void fill(int linesPerPixel, std::uint32_t color, const PixelBuffer& target, const PixelRect& clip,
+          VisitAll&& visitAll) {
+  if (clip.width() <= kNarrowTile)
+    fillTiles<kNarrowTile>(linesPerPixel, color, target, clip, visitAll);
+  else
+    fillTiles<kWideTile>(linesPerPixel, color, target, clip, visitAll);
 }
 
 }  // namespace
 
 void fillIntervals(const LineIntervals& intervals, int linesPerPixel, std::uint32_t color,
                    const PixelBuffer& target, const PixelRect& clip) {
-  const auto fill = clip.width() <= kNarrowTile ? fillTiles<kNarrowTile> : fillTiles<kWideTile>;
-  fill(intervals, linesPerPixel, color, target, clip);
+  fill(linesPerPixel, color, target, clip, [&](auto&& visit) {
+    std::size_t cursor = 0;
+    for (int line = 0; line < intervals.lineCount(); ++line)
+      intervals.visit(line, cursor, [&](float low, float high) { visit(line, low, high); });
+  });
+}
+
+void fillHull(CurveHull& hull, int linesPerPixel, std::uint32_t color, const PixelBuffer& target,
+              const PixelRect& clip) {
+  fill(linesPerPixel, color, target, clip, [&](auto&& visit) { hull.finish(visit); });
 }
 
 }  // namespace vexel

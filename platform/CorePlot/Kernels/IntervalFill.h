@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include <Kernels/CurveHull.h>
 #include <Kernels/LineIntervals.h>
 
 namespace vexel {
@@ -15,5 +16,10 @@ namespace vexel {
 /// inside the target.
 void fillIntervals(const LineIntervals& intervals, int linesPerPixel, std::uint32_t color,
                    const PixelBuffer& target, const PixelRect& clip);
+
+/// The same where a pen reaches that is led along a curve in the clip, which has as many sampling
+/// lines per pixel. The curve is empty afterwards.
+void fillHull(CurveHull& hull, int linesPerPixel, std::uint32_t color, const PixelBuffer& target,
+              const PixelRect& clip);
 
 }  // namespace vexel

@@ -71,7 +71,6 @@ LineRaster::LineRaster(const PixelBuffer& target, const PixelRect& clip, double 
       width_(width),
       linesPerPixel_(linesPerPixel(width, curve)),
       hull_(view_, linesPerPixel_, width / 2),
-      intervals_(view_.width() * linesPerPixel_),
       last_{kNaN, kNaN} {}
 
 void LineRaster::add(std::span<const CGPoint> points) {
@@ -105,13 +104,16 @@ void LineRaster::addFar(CGPoint point) {
 }
 
 void LineRaster::finishRun() {
-  hull_.finish([this](int line, float top, float bottom) { intervals_.add(line, top, bottom); });
+  if (hull_.isEmpty()) return;
+  if (!runs_) runs_.emplace(view_.width() * linesPerPixel_);
+  hull_.finish([this](int line, float top, float bottom) { runs_->add(line, top, bottom); });
 }
 
 void LineRaster::draw(std::uint32_t color) {
+  if (!runs_) return fillHull(hull_, linesPerPixel_, color, target_, view_);
   finishRun();
-  intervals_.finish();
-  fillIntervals(intervals_, linesPerPixel_, color, target_, view_);
+  runs_->finish();
+  fillIntervals(*runs_, linesPerPixel_, color, target_, view_);
 }
 
 }  // namespace vexel

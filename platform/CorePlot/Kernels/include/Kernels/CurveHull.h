@@ -27,6 +27,8 @@ class CurveHull {
   /// No curve yet; the radius of the pen is in pixels.
   CurveHull(const PixelRect& view, int linesPerPixel, double radius);
 
+  bool isEmpty() const { return first_ > final_; }
+
   /// Goes on with the curve.
   void add(std::span<const CGPoint> points);
   /// Goes on after a gap with a segment.
@@ -58,7 +60,6 @@ class CurveHull {
     float downwards;
   };
   using Reach = std::array<Ends, kBlock>;  // of the pen, on successive sampling lines
-  bool isEmpty() const { return first_ > final_; }
   int reach() const { return static_cast<int>(pen_.size()) / 2; }
 
   /// The x in sampling lines, the y from the view's top.

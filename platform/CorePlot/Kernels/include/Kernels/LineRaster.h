@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <span>
 
 namespace vexel {
@@ -55,7 +56,7 @@ class LineRaster {
   double width_;
   int linesPerPixel_;
   CurveHull hull_;
-  LineIntervals intervals_;
+  std::optional<LineIntervals> runs_;  // those before a gap
   CGPoint last_;  // not a number before the first point and in gaps
 };
 
