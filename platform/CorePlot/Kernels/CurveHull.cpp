@@ -12,8 +12,12 @@ namespace {
 
 constexpr float kNowhere = -std::numeric_limits<float>::infinity();
 
+using Doubles = double __attribute__((vector_size(16)));
+using Pair = float __attribute__((vector_size(8)));
+using Floats = float __attribute__((vector_size(16)));
+
 /// -y and y, of which a curve reaches the largest.
-using Ways = double __attribute__((vector_size(16)));
+using Ways = Doubles;
 
 Ways waysTo(double y) {
   return Ways{-y, y};
@@ -29,9 +33,20 @@ Number rounded(Number y) {
 
 template <class Ends>
 void raise(Ends& ends, Ways ways) {
-  using Floats = float __attribute__((vector_size(8)));
-  const auto reached = __builtin_convertvector(rounded(ways), Floats);
+  const Pair reached = __builtin_convertvector(rounded(ways), Pair);
   ends = {std::max(ends.upwards, reached[0]), std::max(ends.downwards, reached[1])};
+}
+
+/// The same of two successive lines and the y on each.
+template <class Ends>
+void raiseBoth(Ends* ends, Doubles y) {
+  const Pair pair = __builtin_convertvector(rounded(y), Pair);
+  const Floats reached = __builtin_shufflevector(pair, pair, 0, 0, 1, 1) * Floats{-1, 1, -1, 1};
+  Floats known;
+  static_assert(sizeof known == 2 * sizeof *ends);
+  std::memcpy(&known, ends, sizeof known);
+  known = reached > known ? reached : known;
+  std::memcpy(ends, &known, sizeof known);
 }
 
 }  // namespace
@@ -93,7 +108,12 @@ void CurveHull::addBetween(CGPoint a, CGPoint b) {
   const auto [begin, end] = std::minmax({lineBefore(a), lineBefore(b)});
   if (begin == end) return;
   const double slope = (b.y - a.y) / (b.x - a.x);
-  for (int line = begin + 1; line <= end; ++line)
+  int line = begin + 1;
+  for (; line < end; line += 2) {
+    const Doubles x{1.0 * line, line + 1.0};
+    raiseBoth(&onLines_[static_cast<std::size_t>(line)], left.y + (x - left.x) * slope);
+  }
+  if (line == end)
     raise(onLines_[static_cast<std::size_t>(line)], waysTo(left.y + (line - left.x) * slope));
 }
 
@@ -103,7 +123,6 @@ std::pair<int, int> CurveHull::reachedLines() const {
 }
 
 CurveHull::Reach CurveHull::reachOf(int line) const {
-  using Floats = float __attribute__((vector_size(16)));
   constexpr std::size_t kVectors = sizeof(Reach) / sizeof(Floats);
   const int middle = margin_ + line;
   const int reach = static_cast<int>(pen_.size()) - 1;
