@@ -31,7 +31,8 @@ class ZlibStream {
   void give(const Take& take);
 
   isal_zstream stream_;
-  std::vector<std::uint8_t> levelBuffer_ = std::vector<std::uint8_t>(ISAL_DEF_LVL1_DEFAULT);
+  // Small blocks fit figures best.
+  std::vector<std::uint8_t> levelBuffer_ = std::vector<std::uint8_t>(ISAL_DEF_LVL1_SMALL);
   std::vector<std::uint8_t> piece_;
 };
 
