@@ -30,13 +30,13 @@ struct StampMask {
   std::vector<WeightedPixels> groups;
   std::vector<Block> blocks;
 
-  /// Bits of up to 32 rows, the lowest for the uppermost, that this meets with the given ones of
-  /// its rows when it begins in `row`.
-  std::uint32_t rowsWithin(int row, int rows, std::uint64_t ofMask = ~std::uint64_t{0}) const {
-    const auto above = [rows](int v) { return (std::uint64_t{1} << std::clamp(v, 0, rows)) - 1; };
-    const std::uint64_t met = above(row + height) - above(row);
-    if (met == 0) return 0;
-    return static_cast<std::uint32_t>(met & (row < 0 ? ofMask >> -row : ofMask << row));
+  /// Bits of its rows, the lowest for the uppermost, that are inside a box of so many rows when it
+  /// begins in `row` of it.
+  std::uint64_t rowsInside(int row, int rows) const {
+    const auto above = [](int v) {
+      return v <= 0 ? 0 : ~std::uint64_t{0} >> (64 - std::min(v, 64));
+    };
+    return above(std::min(height, rows - row)) & ~above(-row);
   }
 };
 

@@ -203,10 +203,6 @@ PixelRect PixelTarget::clip() const {
           std::min(touched_.bottom, top_ + pixels.height)};
 }
 
-std::uint32_t* PixelTarget::row(int y) const {
-  return pixels_ + (y - top_) * rowLength_ - left_;
-}
-
 bool PixelTarget::blend(const PixelStamp& stamp, int x, int y) {
   if (!canTake(stamp.mask, x, y)) return false;
   const PixelRect part = visiblePart(stamp.mask, x, y);
@@ -216,15 +212,6 @@ bool PixelTarget::blend(const PixelStamp& stamp, int x, int y) {
     blend(stamp, x, y, {touched_.left, top, touched_.right, bottom}, ~0u >> (top + kRows - bottom));
   }
   return true;
-}
-
-void PixelTarget::blend(const PixelStamp& stamp, int x, int y, const PixelRect& band,
-                        std::uint32_t rows) {
-  const int left = x + stamp.mask.left;
-  layRows_(stamp,
-           {row(band.top) + left, rowLength_, band.top - y - stamp.mask.top, band.left - left,
-            band.right - left},
-           rows);
 }
 
 bool PixelTarget::blend(const CoverageMask& mask, std::uint32_t premultipliedColor, int x, int y) {

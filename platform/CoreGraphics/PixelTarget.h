@@ -38,7 +38,13 @@ class PixelTarget {
 
   /// Lays the part of a stamp that is inside a band, which is inside clip(), over the pixels: those
   /// of its rows whose bits are set, the lowest for the uppermost.
-  void blend(const PixelStamp& stamp, int x, int y, const PixelRect& band, std::uint32_t rows);
+  void blend(const PixelStamp& stamp, int x, int y, const PixelRect& band, std::uint32_t rows) {
+    const int left = x + stamp.mask.left;
+    layRows_(stamp,
+             {row(band.top) + left, rowLength_, band.top - y - stamp.mask.top, band.left - left,
+              band.right - left},
+             rows);
+  }
 
   /// Sets the pixels of a box on the surface to one value, also outside the clip.
   void fill(const PixelRect& box, std::uint32_t pixel);
@@ -70,7 +76,7 @@ class PixelTarget {
   bool canTake(const Shape& shape, int x, int y) const;
   template <class Shape>
   PixelRect visiblePart(const Shape& shape, int x, int y) const;
-  std::uint32_t* row(int y) const;
+  std::uint32_t* row(int y) const { return pixels_ + (y - top_) * rowLength_ - left_; }
 
   cairo_surface_t* surface_;
   LayStampRows* layRows_;

@@ -13,29 +13,42 @@ namespace {
 
 constexpr int kGroup = WeightedPixels::kCount;
 
-/// Calls layGroup(group, color, pixels) for each group, and lays pixels one by one where only some
-/// columns of the mask may be drawn.
+/// Some columns of a mask, pixel by pixel.
+void layPart(const PixelStamp& stamp, const StampGround& ground, std::uint32_t rows) {
+  const std::ptrdiff_t groupsInRow = stamp.mask.groupsInRow;
+  const int from = std::max(ground.from, 0);
+  const int to = std::min(ground.to, stamp.mask.width);
+  for (; rows != 0; rows &= rows - 1) {
+    const int row = std::countr_zero(rows);
+    std::uint32_t* const pixels = ground.pixels + row * ground.stride;
+    const WeightedPixels* const groups =
+        stamp.mask.groups.data() + (ground.maskRow + row) * groupsInRow;
+    for (int i = from; i < to; ++i)
+      pixels[i] = groups[i / kGroup].over(i % kGroup, stamp.color, pixels[i]);
+  }
+}
+
+/// Calls layGroup(group, pixels) for each group, where no column is cut off.
 template <class LayGroup>
 [[gnu::always_inline]] inline void layRows(const PixelStamp& stamp, const StampGround& ground,
                                            std::uint32_t rows, LayGroup&& layGroup) {
-  const StampMask& mask = stamp.mask;
   // Not read again after each pixel that is written.
-  const std::ptrdiff_t groupsInRow = mask.groupsInRow;
-  const WeightedPixels* const maskGroups = mask.groups.data() + ground.maskRow * groupsInRow;
-  std::uint32_t* const firstRow = ground.pixels;
+  const std::ptrdiff_t groupsInRow = stamp.mask.groupsInRow;
   const std::ptrdiff_t stride = ground.stride;
-  const int from = std::max(ground.from, 0);
-  const int to = std::min(ground.to, mask.width);
-  const bool isWhole = from == 0 && ground.to >= groupsInRow * kGroup;
-  for (; rows != 0; rows &= rows - 1) {
-    const int row = std::countr_zero(rows);
-    std::uint32_t* const pixels = firstRow + row * stride;
-    const WeightedPixels* const groups = maskGroups + row * groupsInRow;
-    if (isWhole) {
-      for (std::ptrdiff_t i = 0; i < groupsInRow; ++i) layGroup(groups[i], pixels + i * kGroup);
-    } else {
-      for (int i = from; i < to; ++i)
-        pixels[i] = groups[i / kGroup].over(i % kGroup, stamp.color, pixels[i]);
+  if (ground.from > 0 || ground.to < groupsInRow * kGroup) return layPart(stamp, ground, rows);
+  const WeightedPixels* groups = stamp.mask.groups.data() + ground.maskRow * groupsInRow;
+  std::uint32_t* pixels = ground.pixels;
+  while (rows != 0) {
+    const int first = std::countr_zero(rows);
+    pixels += first * stride;
+    groups += first * groupsInRow;
+    rows >>= first;
+    // Runs of rows, most often all, of one group.
+    for (; (rows & 1) != 0; rows >>= 1) {
+      layGroup(groups[0], pixels);
+      for (std::ptrdiff_t i = 1; i < groupsInRow; ++i) layGroup(groups[i], pixels + i * kGroup);
+      pixels += stride;
+      groups += groupsInRow;
     }
   }
 }

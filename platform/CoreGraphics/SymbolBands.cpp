@@ -63,19 +63,21 @@ const StampMask& SymbolBands::maskOf(std::uint32_t style, const PhasePlace& plac
 void SymbolBands::add(std::uint32_t style, const PhasePlace& place) {
   const StampMask& mask = maskOf(style, place);
   const int row = place.pixelY() + mask.top;
-  std::uint64_t visible = ~std::uint64_t{0};
-  if (covered_) visible = covered_->layUnder(mask, place.pixelX() + mask.left, row);
-  if (visible == 0) return;
-  const int top = row - box_.top;
-  const int first = std::max(top, 0) / kBandRows;
-  const int end = (std::min(top + mask.height, box_.height()) + kBandRows - 1) / kBandRows;
-  for (int band = first; band < end; ++band) {
-    const int bandTop = band * kBandRows;
-    const int bandRows = std::min(kBandRows, box_.height() - bandTop);
-    const std::uint32_t rows = mask.rowsWithin(top - bandTop, bandRows, visible);
-    if (rows != 0)
+  int top = row - box_.top;
+  std::uint64_t rows = mask.rowsInside(top, box_.height());
+  if (covered_) rows &= covered_->layUnder(mask, place.pixelX() + mask.left, row);
+  if (rows == 0) return;
+  if (top < 0) {
+    rows >>= -top;
+    top = 0;
+  }
+  int rowOfBand = top % kBandRows;
+  for (int band = top / kBandRows; rows != 0; ++band) {
+    if (const auto inBand = static_cast<std::uint32_t>(rows << rowOfBand); inBand != 0)
       bands_[static_cast<std::size_t>(band)].push_back(
-          {packed(place, box_.left, box_.top + bandTop), style, rows});
+          {packed(place, box_.left, box_.top + band * kBandRows), style, inBand});
+    rows >>= kBandRows - rowOfBand;
+    rowOfBand = 0;
   }
 }
 

@@ -87,28 +87,40 @@ TEST(CoveredPixels, AreFoundAsPixelByPixel) {
   }
 }
 
-TEST(StampMask, MeetsRowsOfABand) {
+TEST(StampMask, HasRowsInsideOfABox) {
+  constexpr std::uint64_t kAll = ~std::uint64_t{0};
   struct Case {
     int row, rows, height;
-    std::uint32_t expected;
+    std::uint64_t expected;
   };
   constexpr Case cases[] = {
-      {0, 32, 0, 0},      {0, 32, 1, 1},       {31, 32, 1, 1u << 31}, {31, 32, 64, 1u << 31},
-      {32, 32, 8, 0},     {-8, 32, 8, 0},      {-7, 32, 8, 1},        {-20, 32, 64, ~0u},
-      {2, 5, 9, 0b11100}, {5, 5, 9, 0},        {-1000000, 32, 9, 0},  {1000000, 32, 9, 0},
-      {-1, 1, 2, 1},      {3, 32, 2, 0b11000},
+      {0, 32, 0, 0},
+      {0, 0, 8, 0},
+      {0, 32, 1, 1},
+      {0, 64, 64, kAll},
+      {5, 1000, 64, kAll},
+      {31, 32, 1, 1},
+      {31, 32, 64, 1},
+      {32, 32, 8, 0},
+      {-8, 32, 8, 0},
+      {-7, 32, 8, 1u << 7},
+      {-20, 44, 64, kAll << 20},
+      {-64, 32, 64, 0},
+      {-63, 32, 64, kAll << 63},
+      {2, 5, 9, 0b111},
+      {5, 5, 9, 0},
+      {-1000000, 32, 9, 0},
+      {1000000, 32, 9, 0},
+      {-1, 1, 2, 0b10},
+      {3, 32, 2, 0b11},
+      {-30, 32, 64, kAll >> 2 & kAll << 30},
   };
   for (const Case& c : cases) {
     StampMask mask;
     mask.height = c.height;
-    EXPECT_EQ(mask.rowsWithin(c.row, c.rows), c.expected)
+    EXPECT_EQ(mask.rowsInside(c.row, c.rows), c.expected)
         << c.row << " " << c.rows << " " << c.height;
   }
-  StampMask mask;
-  mask.height = 64;
-  EXPECT_EQ(mask.rowsWithin(-40, 32, std::uint64_t{0b1011} << 39), 0b101u);
-  EXPECT_EQ(mask.rowsWithin(30, 32, 0b0110), 1u << 31);
-  EXPECT_EQ(mask.rowsWithin(-64, 32, ~std::uint64_t{0}), 0u);
 }
 
 }  // namespace
