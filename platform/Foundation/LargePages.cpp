@@ -19,8 +19,9 @@ void* allocateLargePages(std::size_t bytes) noexcept {
   if (bytes > std::numeric_limits<std::size_t>::max() - kHugePage) return nullptr;
   void* const memory = std::aligned_alloc(kHugePage, rest == 0 ? bytes : bytes - rest + kHugePage);
 #ifdef __linux__
-  // A hint, for whole pages only: small ones do as well.
-  if (memory) madvise(memory, bytes - rest, MADV_HUGEPAGE);
+  // A hint. Small pages do as well for the end of the memory, unless they are many.
+  const std::size_t pages = (bytes + kHugePage / 2) / kHugePage;
+  if (memory) madvise(memory, pages * kHugePage, MADV_HUGEPAGE);
 #endif
   return memory;
 }
