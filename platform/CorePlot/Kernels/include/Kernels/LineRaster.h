@@ -57,7 +57,7 @@ class LineRaster {
   int linesPerPixel_;
   CurveHull hull_;
   std::optional<LineIntervals> runs_;  // those before a gap
-  CGPoint last_;  // not a number before the first point and in gaps
+  CGPoint last_;                       // not a number before the first point and in gaps
 };
 
 }  // namespace vexel
