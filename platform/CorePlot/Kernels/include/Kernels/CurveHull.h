@@ -27,8 +27,8 @@ class CurveHull {
   /// No curve yet; the radius of the pen is in pixels.
   CurveHull(const PixelRect& view, int linesPerPixel, double radius);
 
+  /// Whether there is no curve.
   bool isEmpty() const { return first_ > final_; }
-
   /// Goes on with the curve.
   void add(std::span<const CGPoint> points);
   /// Goes on after a gap with a segment.
