@@ -58,7 +58,10 @@ class LogarithmicPlaces {
     const double index = std::floor(last_ * ((x - decades_.low) / (decades_.high - decades_.low)));
     constexpr double kLimit = 9223372036854775808.0;
     const bool isInteger = index >= -kLimit && index < kLimit;
-    if (!isInteger) fatalError("SymbolColorCode.getColors: a colour index is no integer");
+    if (!isInteger)
+      fatalError(
+          "SymbolColorCode.getColors: a colour index is no integer; the scale reaches 0 or "
+          "infinity");
     return placeAt(index, colors_);
   }
 

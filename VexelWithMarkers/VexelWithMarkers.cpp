@@ -31,7 +31,10 @@ std::optional<NSNumber> coordinate(Axis axis, const NSEvent& event, const CPTXYG
 
 template <class Number>
 Number bound(const std::vector<Number>& range, std::size_t element) {
-  if (range.size() <= element) fatalError("VexelWithMarkers: the range of a marker is too short");
+  if (range.size() <= element)
+    fatalError(
+        "VexelWithMarkers: the range of a marker is too short: auxiliaryValues of a vertical one, "
+        "yRange of a horizontal one");
   return range[element];
 }
 

@@ -271,7 +271,7 @@ TEST(GetColorsDeathTest, RefusesNegativeValuesOfALogarithmicQuantity) {
 
 TEST(GetColorsDeathTest, RefusesAScaleThatGivesNoIndex) {
   for (const Code::Case quantity : kTenths) {
-    EXPECT_DEATH(barOf(quantity, {0.05, 20}), "Fatal error: .*no integer");
+    EXPECT_DEATH(barOf(quantity, {0.05, 20}), "Fatal error: .*no integer; the scale reaches 0");
     EXPECT_DEATH(barOf(quantity, {0, 0.05, 20}), "Fatal error: .*no integer");
     EXPECT_DEATH(barOf(quantity, {1e308, kLargest}), "Fatal error: .*no integer");
   }

@@ -396,7 +396,8 @@ TEST_F(VexelWithMarkersTest, RemovesTheSeriesAndKeepsThePosition) {
 
 TEST_F(VexelWithMarkersDeathTest, NeedsTheBoundsThatItCompares) {
   plot.auxiliaryValues() = {};
-  EXPECT_DEATH(plot.setVerticalMarker(1, graph), "Fatal error: VexelWithMarkers");
+  EXPECT_DEATH(plot.setVerticalMarker(1, graph),
+               "Fatal error: VexelWithMarkers: .*auxiliaryValues");
   EXPECT_DEATH(plot.setPermanentVerticalMarker(1, graph), "Fatal error: VexelWithMarkers");
   EXPECT_DEATH(plot.setHorizontalMarker(1, graph, {}, 1), "Fatal error: VexelWithMarkers");
   EXPECT_DEATH(plot.setPermanentHorizontalMarker(1, graph, {0}, 1), "Fatal error: VexelWithM");

@@ -17,10 +17,10 @@ namespace vexel {
 struct VEXEL_API AnnotationArguments {
   /// Null: nothing is added.
   Argument<std::shared_ptr<CPTXYGraph>> graph;
-  /// x, y in plot-space units; comes before anchorPointNormal.
+  /// x, y in plot-space units; comes before anchorPointNormal. Julian days keep quarters of a day.
   std::optional<std::vector<float>> anchorPlotPoint = std::nullopt;
-  /// x, y as fractions of the graph's ranges: 0 is the start, 1 the end; fractions of the decades
-  /// on a logarithmic scale.
+  /// x, y as fractions of the ranges that the graph has when the text is added: 0 is the start, 1
+  /// the end; fractions of the decades on a logarithmic scale.
   std::optional<std::vector<double>> anchorPointNormal = std::nullopt;
   /// In points.
   Argument<float> fontSize;
