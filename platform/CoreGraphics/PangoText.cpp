@@ -20,6 +20,8 @@ namespace {
 // Of the largest run of a text while it is laid out. Unhinted text looks the same at any size, and
 // every size of a font that Pango has not met takes it half a millisecond to look for.
 constexpr CGFloat kLayoutSize = 32;
+// Pango counts in integers: that much of the size for each byte of a text does not overflow them.
+constexpr CGFloat kMostOfAllBytes = 1 << 19;
 constexpr CGFloat kMinimumFontSize = 1e-3;
 constexpr CGFloat kMaximumFontSize = 4096;
 constexpr CGFloat kScriptSize = 0.7;
@@ -64,6 +66,14 @@ CGFloat usableSize(CGFloat size) {
   return size >= kMinimumFontSize && std::isfinite(size) ? std::min(size, kMaximumFontSize) : 0;
 }
 
+CGFloat layoutSize(const CGText& text) {
+  std::size_t bytes = 0;
+  for (const CGTextRun& run : text.runs) bytes += run.text.size();
+  CGFloat size = kLayoutSize;
+  while (size * static_cast<CGFloat>(bytes) > kMostOfAllBytes) size /= 2;
+  return size;
+}
+
 guint16 component(double value) {
   return static_cast<guint16>(std::lround((value > 0 ? std::min(value, 1.0) : 0) * 65535));
 }
@@ -87,7 +97,7 @@ class StyledText {
       : attributes_(pango_attr_list_new()), lastFont_(pango_font_description_new()) {
     CGFloat largest = 0;
     for (const CGTextRun& run : text.runs) largest = std::max(largest, usableSize(run.font.size));
-    scale_ = largest / kLayoutSize;
+    scale_ = largest / layoutSize(text);
     for (const CGTextRun& run : text.runs) {
       starts_.push_back(characters_.size());
       colors_.push_back(run.color);

@@ -19,7 +19,7 @@ CGSize measured(const CGText& text) {
 }
 
 TEST(CGText, MeasuresNothingWhereNothingIsDrawn) {
-  for (const double size : {kNaN, kInfinity, -kInfinity, -12.0, 0.0})
+  for (const double size : {kNaN, kInfinity, -kInfinity, -12.0, 0.0, 5e-324, 0.999e-3})
     EXPECT_EQ(measured(plain("text", {.size = size})), CGSize{}) << size;
   EXPECT_EQ(measured({}), CGSize{});
   EXPECT_EQ(measured(plain("")), CGSize{});
@@ -50,6 +50,22 @@ TEST(CGText, GrowsInProportionToTheFontSize) {
     const CGSize other = measured(plain("Temperature", {.size = 7 * factor}));
     EXPECT_DOUBLE_EQ(other.width, factor * small.width);
     EXPECT_DOUBLE_EQ(other.height, factor * small.height);
+  }
+}
+
+TEST(CGText, HasASmallestAndALargestSize) {
+  EXPECT_GT(measured(plain("x", {.size = 1e-3})).width, 0);
+  EXPECT_LT(measured(plain("x", {.size = 4095})).width, measured(plain("x", {.size = 4096})).width);
+  EXPECT_EQ(measured(plain("x", {.size = 1e308})), measured(plain("x", {.size = 4096})));
+}
+
+TEST(CGText, GrowsInProportionToItsLengthHoweverLong) {
+  for (const double size : {12.0, 4096.0}) {
+    const CGFont font{.size = size};
+    const CGSize one = measured(plain("W", font));
+    const CGSize wide = measured(plain(std::string(80000, 'W'), font));
+    EXPECT_NEAR(wide.width, 8e4 * one.width, 8e2 * one.width);
+    EXPECT_NEAR(wide.height, one.height, 0.01 * one.height);
   }
 }
 

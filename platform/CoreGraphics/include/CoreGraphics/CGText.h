@@ -56,7 +56,7 @@ class VEXEL_API CGTextMeasure {
  public:
   virtual ~CGTextMeasure() = default;
   /// Width of the widest line and height of all lines (ascent to descent), in points; (0, 0) for
-  /// no text. A font size that is not above 0 and finite counts as 0 and gives (0, 0).
+  /// no text. Font sizes below 0.001 or not finite count as 0 and give (0, 0), above 4096 as 4096.
   virtual CGSize measure(const CGText& text) = 0;
 };
 
