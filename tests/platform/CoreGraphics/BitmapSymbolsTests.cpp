@@ -184,6 +184,24 @@ TEST(BitmapSymbols, OneDrawnAloneEqualsTheSameAmongMany) {
   EXPECT_EQ(maximumDifference(*together, *oneByOne), 0);
 }
 
+TEST(BitmapSymbols, MoveByWholePixelsWithoutChange) {
+  // A panned plot does not shimmer. 1024ths of a pixel are moved exactly.
+  auto centers = randomCenters(200, 40);
+  for (CGPoint& c : centers) c = {std::round(c.x * 1024) / 1024, std::round(c.y * 1024) / 1024};
+  const auto draw = [&] {
+    Bitmap bitmap = whiteBitmap(60, 60);
+    bitmap->drawSymbols(ellipsePath(-3, -3, 6, 6), &kFill, &kOutline, centers);
+    return bitmap;
+  };
+  const Bitmap before = draw();
+  for (CGPoint& c : centers) c = {c.x + 11, c.y - 7};
+  const Bitmap after = draw();
+  EXPECT_GT(inkedPixels(*before), 1000);
+  for (int y = 0; y + 7 < 60; ++y)
+    for (int x = 0; x + 11 < 60; ++x)
+      ASSERT_EQ(pixel(*after, x + 11, y + 7), pixel(*before, x, y)) << x << ", " << y;
+}
+
 TEST(BitmapSymbols, DrawIntoLayersAsIntoTheirParent) {
   const auto centers = randomCenters(200, 40);
   const Bitmap direct = whiteBitmap(40, 40), layered = whiteBitmap(40, 40);

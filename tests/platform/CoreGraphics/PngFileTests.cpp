@@ -53,7 +53,20 @@ TEST_P(PngFileOfSize, GivesTranslucentPixelsBackWithinTheRoundingOfTheFormat) {
 
 INSTANTIATE_TEST_SUITE_P(PngFile, PngFileOfSize,
                          testing::Values(std::pair(1, 1), std::pair(1, 300), std::pair(301, 1),
-                                         std::pair(3, 7), std::pair(97, 41)));
+                                         std::pair(3, 7), std::pair(97, 41), std::pair(700, 500)));
+
+TEST(PngFile, HasAlphaWhereOnePixelAnywhereIsTranslucent) {
+  constexpr int kWidth = 300, kHeight = 200;  // several blocks
+  constexpr std::uint32_t kHalfRed = 0x80800000;
+  for (const std::size_t at : {0, 7, 8, 299, 300, 59991, 59992, 59999}) {
+    for (auto pixels : {manyColors(kWidth * kHeight, true),
+                        std::vector<std::uint32_t>(kWidth * kHeight, 0xffc08040)}) {
+      pixels[at] = kHalfRed;
+      const DecodedPng png = decodedPng(pngFile(pixels, kWidth, kHeight));
+      EXPECT_TRUE(png.pixels == pixels) << at;
+    }
+  }
+}
 
 TEST(PngFile, HasNoAlphaWhereAllPixelsAreOpaque) {
   constexpr std::size_t kColorType = 25;
