@@ -313,6 +313,19 @@ TEST(RangeIndex, KnowsWhatBothCoordinatesSpanAboveAFloor) {
   }
 }
 
+TEST(RangeIndex, KnowsWhatManyUnsortedXSpan) {
+  Values x, y;
+  for (int i = 0; i < 1000; ++i) {
+    x.push_back(i * 617 % 1000 - 300);
+    y.push_back(i);
+  }
+  EXPECT_EQ(RangeIndex(x, y).xExtremes(-kInfinity), (RangeIndex::Extremes{-300, 699}));
+  EXPECT_EQ(RangeIndex(x, y).xExtremes(0), (RangeIndex::Extremes{1, 699}));
+  x[500] = kNaN;
+  x[617] = 1e300;
+  EXPECT_EQ(RangeIndex(x, y).xExtremes(-kInfinity), (RangeIndex::Extremes{-300, 1e300}));
+}
+
 TEST(RangeIndex, ReadsNumbersOfAnyType) {
   std::vector<float> x;
   std::vector<std::int16_t> y;
