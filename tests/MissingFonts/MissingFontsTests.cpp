@@ -1,6 +1,7 @@
 #include <CocoaLumberjack/DDLog.h>
 #include <CoreGraphics/CGBitmapContext.h>
 #include <CoreGraphics/CGDocumentContext.h>
+#include <Vexel/FigureExport.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -12,6 +13,8 @@
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "Vexel/ExampleFigure.h"
 
 namespace vexel {
 namespace {
@@ -30,17 +33,38 @@ class ErrorLog : public DDLogger {
   std::vector<std::string> errors;
 };
 
-/// A system that has no fonts. Fonts are looked for once in a process, so this comes first.
+/// Has an effect before fonts are looked for, which is once in a process.
+void takeAwayFonts() {
+  const fs::path folder = fs::path(testing::TempDir()) / "vexel-no-fonts";
+  fs::create_directories(folder / "empty");
+  std::ofstream(folder / "fonts.conf")
+      << "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"urn:fontconfig:fonts.dtd\">"
+      << "<fontconfig><dir>" << (folder / "empty").string() << "</dir><cachedir>"
+      << (folder / "cache").string() << "</cachedir></fontconfig>";
+  ::setenv("FONTCONFIG_FILE", (folder / "fonts.conf").c_str(), 1);
+}
+
+// Comes first: fonts that had been found would stay.
+TEST(Fonts, AreNotLookedForBeforeTextIsDrawn) {
+  ExampleFigure figure;
+  for (const auto& graph : figure.plot.graphs())
+    for (const auto& axis : graph->axisSet()->axes())
+      axis->setLabelingPolicy(CPTAxisLabelingPolicy::none);
+  for (const char* const name : {"figure.png", "figure.pdf", "figure.svg"})
+    EXPECT_FALSE(figureData(*figure.view, name, 1).empty());
+  takeAwayFonts();
+  const auto log = std::make_shared<ErrorLog>();
+  DDLog::sharedInstance().addLogger(log);
+  sharedTextMeasure().measure({.runs = {{.text = "Impact charge [fC]"}}});
+  DDLog::sharedInstance().removeLogger(log);
+  EXPECT_THAT(log->errors, ElementsAre(HasSubstr("fontconfig knows no fonts")));
+}
+
+/// A system that has no fonts.
 class MissingFonts : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    const fs::path folder = fs::path(testing::TempDir()) / "vexel-no-fonts";
-    fs::create_directories(folder / "empty");
-    std::ofstream(folder / "fonts.conf")
-        << "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"urn:fontconfig:fonts.dtd\">"
-        << "<fontconfig><dir>" << (folder / "empty").string() << "</dir><cachedir>"
-        << (folder / "cache").string() << "</cachedir></fontconfig>";
-    ::setenv("FONTCONFIG_FILE", (folder / "fonts.conf").c_str(), 1);
+    takeAwayFonts();
     // The text library leaves some of its memory as it was.
     ::mallopt(M_PERTURB, 0x41);
   }
