@@ -110,7 +110,8 @@ export_to() {
   rm -f "$folder/$1"
   key ctrl+e
   fill_dialog "Export the figure" "$folder/$1"
-  wait_for 10 test -s "$folder/$1" || complain "$1 was not exported"
+  # Long for machines that do other things as well.
+  wait_for 30 test -s "$folder/$1" || complain "$1 was not exported"
 }
 open_file() {
   key ctrl+o
